@@ -1,0 +1,77 @@
+#include "app/CommandLine.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace app {
+
+const char kUsage[] =
+    "usage: lumaro [--db FILE] [--workstation N] [--now \"YYYY-MM-DD HH:MM:SS\"] [--yes]\n"
+    "              [--quiet] [--plugin FILE] COMMAND\n"
+    "\n"
+    "commands:\n"
+    "  init                          create or upgrade the POS database\n"
+    "  info                          the connector's ConnectorID, Description, Version,\n"
+    "                                FunctionalLevel\n"
+    "  settings show                 the stored settings document\n"
+    "  settings load FILE            replace the stored settings by FILE\n"
+    "  settings delete               delete the stored settings\n"
+    "  settings validate             exit 0 when the stored settings are valid, 1 if not\n"
+    "  host show                     the host context\n"
+    "  host set KEY VALUE            set one value of the host context\n"
+    "  import                        import the back office's files\n"
+    "  export                        export what is pending\n"
+    "  reexport FROM TO              export again what was made between two dates\n"
+    "                                (YYYY-MM-DD)\n"
+    "  log                           the files taken and made, tab-separated\n"
+    "  log delete WORKSTATION FILE   forget one file, so that it is imported again\n";
+
+namespace {
+
+int ParseWorkstation(const std::string& text) {
+  char* end = nullptr;
+  long value = std::strtol(text.c_str(), &end, 10);
+  if (text.empty() || *end != '\0' || value < 1 || value > 32767) {
+    throw UsageError("--workstation takes a number from 1 to 32767, not '" + text + "'");
+  }
+  return static_cast<int>(value);
+}
+
+}  // namespace
+
+Options ParseCommandLine(int argc, char** argv) {
+  Options options;
+  int i = 1;
+  auto value_of = [&](const char* option) -> std::string {
+    if (i + 1 >= argc) throw UsageError(std::string(option) + " needs a value");
+    return argv[++i];
+  };
+  for (; i < argc; ++i) {
+    std::string arg = argv[i];
+    if (arg == "--db") {
+      options.db = value_of("--db");
+    } else if (arg == "--workstation") {
+      options.workstation = ParseWorkstation(value_of("--workstation"));
+    } else if (arg == "--now") {
+      options.now = value_of("--now");
+    } else if (arg == "--plugin") {
+      options.plugin = value_of("--plugin");
+    } else if (arg == "--yes") {
+      options.yes = true;
+    } else if (arg == "--quiet") {
+      options.quiet = true;
+    } else if (arg == "--help" || arg == "-h") {
+      options.command = {"help"};
+      return options;
+    } else if (arg.rfind("--", 0) == 0) {
+      throw UsageError("unknown option " + arg);
+    } else {
+      break;
+    }
+  }
+  for (; i < argc; ++i) options.command.emplace_back(argv[i]);
+  if (options.command.empty()) throw UsageError("no command given");
+  return options;
+}
+
+}  // namespace app

@@ -1,0 +1,34 @@
+#ifndef LUMARO_APP_COMMAND_LINE_H_
+#define LUMARO_APP_COMMAND_LINE_H_
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// A command line that the program cannot take: exit code 2.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct Options {
+  std::string db = "vendara.db";
+  int workstation = 1;
+  std::optional<std::string> now;  // "YYYY-MM-DD HH:MM:SS"
+  bool yes = false;
+  bool quiet = false;
+  std::optional<std::string> plugin;  // the plug-in's file
+  std::vector<std::string> command;   // the command and its arguments
+};
+
+// Reads the global options, then the command words. Raises UsageError.
+Options ParseCommandLine(int argc, char** argv);
+
+extern const char kUsage[];
+
+}  // namespace app
+
+#endif  // LUMARO_APP_COMMAND_LINE_H_

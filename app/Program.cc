@@ -1,0 +1,141 @@
+#include "app/Program.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "connector/host/Conversions.h"
+#include "connector/host/Date.h"
+#include "connector/host/Error.h"
+#include "standalone/TerminalUIManager.h"
+#include "standalone/schema/PosDatabase.h"
+
+namespace app {
+namespace {
+
+constexpr char kClassKey[] = "Orbiva.Vendara.Connector.Lumaro";
+
+// "YYYY-MM-DD" or "YYYY-MM-DD HH:MM:SS"; raises UsageError.
+host::Date ParseDateOption(const std::string& text, const char* what) {
+  int y, mo, d, h = 0, mi = 0, s = 0;
+  int used = 0;
+  bool ok = std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &mo, &d, &used) == 3 && used == 10;
+  if (ok && text.size() > 10) {
+    int more = 0;
+    ok = std::sscanf(text.c_str() + 10, " %2d:%2d:%2d%n", &h, &mi, &s, &more) == 3 &&
+         10 + static_cast<size_t>(more) == text.size();
+  }
+  if (ok) {
+    try {
+      return host::MakeDate(y, mo, d, h, mi, s);
+    } catch (const host::Error&) {
+    }
+  }
+  throw UsageError(std::string(what) + " takes a date YYYY-MM-DD" +
+                   (std::string(what) == "--now" ? " HH:MM:SS" : "") + ", not '" + text + "'");
+}
+
+}  // namespace
+
+Program::Program(Options options, std::ostream& out, std::ostream& err)
+    : options_(std::move(options)), out_(out), err_(err) {}
+
+Program::~Program() {
+  // The connector goes before the plug-in that made it and the host it uses.
+  connector_.reset();
+  plugin_.reset();
+}
+
+void Program::RequireArguments(size_t count, const char* usage) const {
+  if (options_.command.size() != count) throw UsageError(std::string("usage: lumaro ") + usage);
+}
+
+standalone::StandaloneHost& Program::Host() {
+  if (!host_) {
+    auto database = standalone::OpenPosDatabase(options_.db);
+    bool terminal = ::isatty(STDERR_FILENO) == 1;
+    auto ui = std::make_unique<standalone::TerminalUIManager>(err_, options_.yes);
+    standalone::TerminalUIManager& terminal_ui = *ui;
+    host_ = std::make_unique<standalone::StandaloneHost>(
+        std::move(database), std::move(ui), standalone::Identity{options_.workstation, 1, 1});
+    notifier_ = std::make_shared<TerminalNotifier>(
+        err_, terminal && !options_.quiet, options_.yes,
+        [host = host_.get()] { return host->Context().Settings(); });
+    terminal_ui.SetBeforeWrite([notifier = notifier_.get()] { notifier->Finish(); });
+  }
+  return *host_;
+}
+
+host::IConnector& Program::Connector() {
+  if (!connector_) {
+    standalone::StandaloneHost& host = Host();
+    plugin_ = std::make_unique<Plugin>(options_.plugin.value_or(DefaultPluginPath()));
+    connector_ = plugin_->Create(kClassKey, host);
+    connector_->SetEventNotifier(notifier_);
+  }
+  return *connector_;
+}
+
+int Program::Run() {
+  if (options_.now) host::SetClockOverride(ParseDateOption(*options_.now, "--now"));
+  const std::string& command = options_.command[0];
+  if (command == "help") {
+    out_ << kUsage;
+    return kSuccess;
+  }
+  if (command == "init") return Init();
+  if (command == "info") return Info();
+  if (command == "settings") return SettingsCommand();
+  if (command == "host") return HostCommand();
+  if (command == "log") return LogCommand();
+  if (command == "import") return ImportCommand();
+  if (command == "export") return ExportCommand();
+  if (command == "reexport") return ReExportCommand();
+  throw UsageError("unknown command '" + command + "'");
+}
+
+int Program::Init() {
+  RequireArguments(1, "init");
+  bool existed = ::access(options_.db.c_str(), F_OK) == 0;
+  standalone::StandaloneHost& host = Host();
+  if (!options_.quiet) {
+    out_ << "POS database " << options_.db << (existed ? " is ready" : " created")
+         << " (schema version " << standalone::PosSchemaVersionOf(host.Database()) << ")\n";
+  }
+  return kSuccess;
+}
+
+int Program::Info() {
+  RequireArguments(1, "info");
+  host::IConnector& connector = Connector();
+  out_ << "ConnectorID: " << connector.ConnectorID() << '\n'
+       << "Description: " << connector.Description() << '\n'
+       << "Version: " << connector.Version() << '\n'
+       << "FunctionalLevel: " << connector.FunctionalLevel() << '\n';
+  return kSuccess;
+}
+
+int Program::ImportCommand() {
+  RequireArguments(1, "import");
+  Connector().ImportData();
+  notifier_->Finish();
+  return kSuccess;
+}
+
+int Program::ExportCommand() {
+  RequireArguments(1, "export");
+  Connector().ExportData();
+  notifier_->Finish();
+  return kSuccess;
+}
+
+int Program::ReExportCommand() {
+  RequireArguments(3, "reexport FROM TO (dates YYYY-MM-DD)");
+  host::Date from = ParseDateOption(options_.command[1], "reexport");
+  host::Date to = ParseDateOption(options_.command[2], "reexport");
+  Connector().ReExport(from, to);
+  notifier_->Finish();
+  return kSuccess;
+}
+
+}  // namespace app

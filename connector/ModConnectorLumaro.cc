@@ -1,0 +1,89 @@
+#include "connector/ModConnectorLumaro.h"
+
+#include "connector/host/Error.h"
+
+namespace lumaro {
+namespace {
+
+// "Object variable or With block variable not set".
+constexpr int32_t kObjectNotSet = 91;
+
+struct ThreadState {
+  host::Host* host = nullptr;
+  std::unique_ptr<host::KeyDictionary> run_dictionary;
+  std::shared_ptr<host::Currency> currency;
+  bool currency_cached = false;
+  std::shared_ptr<host::SystemSettings> settings_override;
+};
+
+ThreadState& State() {
+  thread_local ThreadState state;
+  return state;
+}
+
+}  // namespace
+
+void ModConnectorLumaro::AttachHost(host::Host* host) {
+  ThreadState& state = State();
+  if (state.host != host) {
+    // Another host: nothing cached for the old one may serve the new.
+    state.currency.reset();
+    state.currency_cached = false;
+    state.settings_override.reset();
+  }
+  state.host = host;
+}
+
+void ModConnectorLumaro::DetachHost(host::Host* host) {
+  ThreadState& state = State();
+  if (state.host == host) state = ThreadState{};
+}
+
+host::Host& ModConnectorLumaro::Host() {
+  host::Host* host = State().host;
+  if (host == nullptr) {
+    host::RaiseWith(kObjectNotSet, "The connector has no host on this thread", "ModConnectorLumaro");
+  }
+  return *host;
+}
+
+void ModConnectorLumaro::NewRunDictionary() {
+  State().run_dictionary = std::make_unique<host::KeyDictionary>();
+}
+
+void ModConnectorLumaro::DropRunDictionary() { State().run_dictionary.reset(); }
+
+bool ModConnectorLumaro::HasRunDictionary() { return State().run_dictionary != nullptr; }
+
+host::KeyDictionary& ModConnectorLumaro::RunDictionary() {
+  auto& dictionary = State().run_dictionary;
+  if (!dictionary) {
+    host::RaiseWith(kObjectNotSet, "No run dictionary on this thread", "ModConnectorLumaro");
+  }
+  return *dictionary;
+}
+
+std::shared_ptr<host::SystemSettings> ModConnectorLumaro::GetSystemSettings() {
+  ThreadState& state = State();
+  if (state.settings_override) return state.settings_override;
+  return Host().SystemManager().Context().Settings();
+}
+
+void ModConnectorLumaro::SetSystemSettings(std::shared_ptr<host::SystemSettings> settings) {
+  State().settings_override = std::move(settings);
+}
+
+std::shared_ptr<host::Currency> ModConnectorLumaro::GetCurrency(std::string_view currency_id) {
+  ThreadState& state = State();
+  if (!state.currency_cached) {
+    state.currency = std::make_shared<host::Currency>();
+    state.currency_cached = true;
+  }
+  // An empty reference in the cache has no id: it differs from any id.
+  if (!state.currency || state.currency->CurrencyID != currency_id) {
+    state.currency = Host().NewCurrencyService()->Get(currency_id, "");
+  }
+  return state.currency;
+}
+
+}  // namespace lumaro

@@ -1,0 +1,124 @@
+#include "connector/host/Ansi.h"
+
+#include <cerrno>
+#include <cstdint>
+
+#include "connector/host/Error.h"
+#include "connector/host/Utf8.h"
+
+namespace host {
+
+namespace {
+
+// The characters of bytes 0x80 to 0x9F, where Windows-1252 departs from
+// Latin-1. The five bytes the code page leaves undefined keep the C1 control
+// of their own number, so that every byte reads back as it was written.
+constexpr int32_t kHighControls[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80-87
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88-8F
+    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90-97
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98-9F
+};
+
+int32_t CharacterOfByte(unsigned char byte) {
+  return byte >= 0x80 && byte <= 0x9F ? kHighControls[byte - 0x80] : byte;
+}
+
+// The byte of a character, or '?' when the code page lacks it.
+char ByteOfCharacter(int32_t code_point) {
+  if (code_point >= 0 && code_point <= 0xFF && (code_point < 0x80 || code_point > 0x9F)) {
+    return static_cast<char>(code_point);
+  }
+  for (int i = 0; i < 32; ++i) {
+    if (kHighControls[i] == code_point) return static_cast<char>(0x80 + i);
+  }
+  return '?';
+}
+
+// Raises `number` with its standard description and the file's path.
+[[noreturn]] void RaiseForFile(int32_t number, const std::string& path) {
+  RaiseWith(number, StandardDescription(number) + ": " + path);
+}
+
+}  // namespace
+
+std::string ToAnsi(std::string_view utf8) {
+  std::string result;
+  result.reserve(utf8.size());
+  for (size_t pos = 0; pos < utf8.size();) result.push_back(ByteOfCharacter(utf8::Next(utf8, pos)));
+  return result;
+}
+
+std::string FromAnsi(std::string_view ansi) {
+  std::string result;
+  result.reserve(ansi.size());
+  for (char byte : ansi) utf8::Append(result, CharacterOfByte(static_cast<unsigned char>(byte)));
+  return result;
+}
+
+AnsiTextWriter::AnsiTextWriter(const std::string& path, bool create_new) : path_(path) {
+  file_ = std::fopen(path.c_str(), create_new ? "wbx" : "wb");
+  if (file_ == nullptr) {
+    switch (errno) {
+      case EEXIST:
+        RaiseForFile(err::kFileAlreadyExists, path);
+      case ENOENT:
+      case ENOTDIR:
+        RaiseForFile(err::kPathNotFound, path);
+      default:
+        RaiseForFile(err::kPermissionDenied, path);
+    }
+  }
+}
+
+AnsiTextWriter::~AnsiTextWriter() {
+  if (file_ != nullptr) std::fclose(file_);
+}
+
+void AnsiTextWriter::WriteLine(std::string_view utf8_line) {
+  if (file_ == nullptr) Raise(err::kOperationNotAllowedWhenClosed);
+  // A failed write leaves the stream's error flag set; Close reports it.
+  const std::string line = ToAnsi(utf8_line) + "\r\n";
+  std::fwrite(line.data(), 1, line.size(), file_);
+}
+
+void AnsiTextWriter::Close() {
+  if (file_ == nullptr) return;
+  const bool write_failed = std::ferror(file_) != 0;
+  const bool close_failed = std::fclose(file_) != 0;
+  file_ = nullptr;
+  if (write_failed || close_failed) RaiseForFile(err::kDeviceIoError, path_);
+}
+
+std::vector<std::string> ReadAnsiLines(const std::string& path) {
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr) {
+    RaiseForFile(errno == ENOENT || errno == ENOTDIR ? err::kFileNotFound : err::kPermissionDenied,
+                 path);
+  }
+  std::string content;
+  char buffer[65536];
+  for (size_t read; (read = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
+    content.append(buffer, read);
+  }
+  const bool read_failed = std::ferror(file) != 0;
+  std::fclose(file);
+  if (read_failed) RaiseForFile(err::kDeviceIoError, path);
+
+  std::vector<std::string> lines;
+  size_t begin = 0;
+  while (begin < content.size()) {
+    size_t end = content.find('\n', begin);
+    const size_t next = end == std::string::npos ? content.size() : end + 1;
+    if (end == std::string::npos) {
+      end = content.size();  // a last line without its end still counts
+    } else if (end > begin && content[end - 1] == '\r') {
+      --end;
+    }
+    lines.push_back(FromAnsi(std::string_view(content).substr(begin, end - begin)));
+    begin = next;
+  }
+  return lines;
+}
+
+}  // namespace host

@@ -1,0 +1,100 @@
+#ifndef LUMARO_CONNECTOR_HOST_HOST_H_
+#define LUMARO_CONNECTOR_HOST_HOST_H_
+
+// The host's global roots, reached through the one Host object that the host
+// hands to the connector when it creates it. The host keeps the object alive
+// for as long as any connector it made.
+
+#include <memory>
+#include <string_view>
+
+#include "connector/host/DatabaseService.h"
+#include "connector/host/EntityServices.h"
+#include "connector/host/FileTools.h"
+#include "connector/host/SaleDocumentReader.h"
+#include "connector/host/Security.h"
+#include "connector/host/SettingStore.h"
+#include "connector/host/SystemContext.h"
+#include "connector/host/UIManager.h"
+
+namespace host {
+
+// SystemManager: the host's system state.
+class SystemManager {
+ public:
+  virtual ~SystemManager() = default;
+  virtual SystemContext& Context() = 0;
+  // Rounds a value to the given number of decimals, the host's way.
+  virtual double RoundValue(double value, int decimals) const = 0;
+  // The first PartyID of a party kind.
+  virtual double PartyIDBase(double a, int kind) = 0;
+};
+
+// A description of a database to open: the back office's, for the initial
+// load.
+struct DatabaseDescription {
+  int kind = 1;
+  std::string DatabaseName;
+  std::string Server;
+  bool IntegratedSecurity = true;
+  std::string Login;
+  std::string Password;
+};
+
+class DatabaseConnection {
+ public:
+  virtual ~DatabaseConnection() = default;
+  // The POS database.
+  virtual DatabaseService& Database() = 0;
+  // Opens another database; raises when it cannot be reached.
+  virtual std::shared_ptr<DatabaseService> OpenDatabase(const DatabaseDescription& description) = 0;
+};
+
+// DataManager: the host's data access.
+class DataManager {
+ public:
+  virtual ~DataManager() = default;
+  virtual DatabaseConnection& Connection() = 0;
+};
+
+// ModuleManager.ConnectorRegistry: what the host keeps for its connectors.
+class ConnectorRegistry {
+ public:
+  virtual ~ConnectorRegistry() = default;
+  virtual host::SettingStore& SettingStore() = 0;
+};
+
+class ModuleManager {
+ public:
+  virtual ~ModuleManager() = default;
+  virtual host::ConnectorRegistry& ConnectorRegistry() = 0;
+};
+
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  // The roots.
+  virtual host::SystemManager& SystemManager() = 0;
+  virtual host::DataManager& DataManager() = 0;
+  virtual host::UIManager& UIManager() = 0;
+  virtual host::ModuleManager& ModuleManager() = 0;
+  virtual host::FileTools& FileTools() = 0;
+  virtual const host::NameTools& NameTools() = 0;
+
+  // What the caller makes with a plain New.
+  virtual std::unique_ptr<host::SettingStore> NewSettingStore() = 0;
+  virtual std::unique_ptr<host::TextSigner> NewTextSigner() = 0;
+  virtual std::unique_ptr<host::SaleDocumentReader> NewSaleDocumentReader() = 0;
+  virtual std::unique_ptr<host::CurrencyService> NewCurrencyService() = 0;
+  virtual std::unique_ptr<host::SalesmanService> NewSalesmanService() = 0;
+  virtual std::unique_ptr<host::CarrierService> NewCarrierService() = 0;
+  virtual std::unique_ptr<host::PaymentService> NewPaymentService() = 0;
+  virtual std::unique_ptr<host::TenderService> NewTenderService() = 0;
+  virtual std::unique_ptr<host::PriceLineService> NewPriceLineService() = 0;
+  virtual std::unique_ptr<host::ItemService> NewItemService() = 0;
+};
+
+}  // namespace host
+
+#endif  // LUMARO_CONNECTOR_HOST_HOST_H_

@@ -1,0 +1,173 @@
+#include "connector/host/Recordset.h"
+
+#include "connector/host/Error.h"
+#include "connector/host/RecordsetCriteria.h"
+#include "connector/host/Text.h"
+
+namespace host {
+namespace {
+
+// Column names are matched without regard to case. They are nearly always
+// plain ASCII, which takes the short way.
+std::string NameKey(std::string_view name) {
+  std::string key(name);
+  for (char& c : key) {
+    if (static_cast<unsigned char>(c) >= 0x80) return UCase(name);
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return key;
+}
+
+}  // namespace
+
+Recordset::Recordset() = default;
+
+Recordset::Recordset(std::vector<std::string> column_names, std::vector<Row> rows)
+    : open_(true), names_(std::move(column_names)), rows_(std::move(rows)) {
+  for (size_t i = 0; i < names_.size(); ++i) {
+    index_by_upper_name_.emplace(NameKey(names_[i]), static_cast<int>(i));  // first wins
+  }
+  visible_.reserve(rows_.size());
+  for (size_t i = 0; i < rows_.size(); ++i) visible_.push_back(i);
+  position_ = 0;
+}
+
+void Recordset::Close() {
+  RequireOpen();
+  open_ = false;
+  rows_.clear();
+  visible_.clear();
+}
+
+void Recordset::RequireOpen() const {
+  if (!open_) Raise(err::kOperationNotAllowedWhenClosed, "Recordset");
+}
+
+void Recordset::RequireCurrent() const {
+  RequireOpen();
+  if (Eof() || Bof()) Raise(err::kNoCurrentRecord, "Recordset");
+}
+
+bool Recordset::Eof() const {
+  RequireOpen();
+  return position_ >= static_cast<int64_t>(visible_.size());
+}
+
+bool Recordset::Bof() const {
+  RequireOpen();
+  return position_ < 0 || visible_.empty();
+}
+
+void Recordset::MoveNext() {
+  RequireOpen();
+  if (Eof()) Raise(err::kNoCurrentRecord, "Recordset");
+  ++position_;
+}
+
+void Recordset::MovePrevious() {
+  RequireOpen();
+  if (position_ < 0) Raise(err::kNoCurrentRecord, "Recordset");
+  --position_;
+}
+
+void Recordset::MoveFirst() {
+  RequireOpen();
+  position_ = 0;
+}
+
+void Recordset::MoveLast() {
+  RequireOpen();
+  position_ = visible_.empty() ? 0 : static_cast<int64_t>(visible_.size()) - 1;
+}
+
+int32_t Recordset::RecordCount() const {
+  RequireOpen();
+  return static_cast<int32_t>(visible_.size());
+}
+
+int Recordset::FieldCount() const {
+  RequireOpen();
+  return static_cast<int>(names_.size());
+}
+
+const std::string& Recordset::FieldName(int index) const {
+  RequireOpen();
+  if (index < 0 || index >= static_cast<int>(names_.size())) Raise(err::kItemNotFound, "Recordset");
+  return names_[index];
+}
+
+bool Recordset::HasField(std::string_view name) const { return IndexOf(name) >= 0; }
+
+int Recordset::IndexOf(std::string_view name) const {
+  auto it = index_by_upper_name_.find(NameKey(name));
+  return it == index_by_upper_name_.end() ? -1 : it->second;
+}
+
+const Variant& Recordset::Fields(std::string_view name) const {
+  RequireOpen();
+  int index = IndexOf(name);
+  if (index < 0) {
+    RaiseWith(err::kItemNotFound, StandardDescription(err::kItemNotFound) + " (" +
+                                      std::string(name) + ")",
+              "Recordset");
+  }
+  return Fields(index);
+}
+
+const Variant& Recordset::Fields(int index) const {
+  RequireCurrent();
+  if (index < 0 || index >= static_cast<int>(names_.size())) Raise(err::kItemNotFound, "Recordset");
+  return rows_[visible_[position_]][index];
+}
+
+void Recordset::SetFilter(std::string_view criteria) {
+  RequireOpen();
+  visible_.clear();
+  if (Trim(criteria).empty()) {
+    for (size_t i = 0; i < rows_.size(); ++i) visible_.push_back(i);
+    filter_.clear();
+  } else {
+    RecordsetCriteria parsed(criteria);
+    for (size_t i = 0; i < rows_.size(); ++i) {
+      const Row& row = rows_[i];
+      auto field = [&](std::string_view name) -> const Variant& {
+        int index = IndexOf(name);
+        if (index < 0) Raise(err::kItemNotFound, "Recordset");
+        return row[index];
+      };
+      if (parsed.Matches(field)) visible_.push_back(i);
+    }
+    filter_ = std::string(criteria);
+  }
+  position_ = 0;
+}
+
+bool Recordset::Find(std::string_view criteria) {
+  RequireOpen();
+  RecordsetCriteria parsed(criteria);
+  if (parsed.ClauseCount() != 1) {
+    RaiseWith(3001, "Find takes one clause: " + std::string(criteria), "Recordset");
+  }
+  if (position_ < 0) position_ = 0;
+  for (; position_ < static_cast<int64_t>(visible_.size()); ++position_) {
+    const Row& row = rows_[visible_[position_]];
+    auto field = [&](std::string_view name) -> const Variant& {
+      int index = IndexOf(name);
+      if (index < 0) Raise(err::kItemNotFound, "Recordset");
+      return row[index];
+    };
+    if (parsed.Matches(field)) return true;
+  }
+  return false;
+}
+
+void RecordsetTools::CloseRecordset(RecordsetPtr& recordset) {
+  if (recordset && recordset->IsOpen()) recordset->Close();
+  recordset.reset();
+}
+
+bool RecordsetTools::Find(const Recordset& recordset, std::string_view field_name) {
+  return recordset.IsOpen() && recordset.HasField(field_name);
+}
+
+}  // namespace host

@@ -1,0 +1,64 @@
+#ifndef LUMARO_CONNECTOR_HOST_SQL_STATEMENT_H_
+#define LUMARO_CONNECTOR_HOST_SQL_STATEMENT_H_
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "connector/host/Date.h"
+
+namespace host {
+
+// One statement on one table, built column by column; a DatabaseService runs
+// it (RunInsert, RunUpdate, ...) or a StatementRunner turns it into SQL text.
+// Setting a column or key a second time replaces its value, so that one
+// statement can be refilled row after row.
+class SqlStatement {
+ public:
+  enum class Kind { kText, kBoolean, kDate, kDateTime, kTime, kNumber };
+
+  struct Column {
+    std::string name;
+    Kind kind;
+    std::string text;   // kText
+    double number = 0;  // kNumber, kBoolean (-1/0)
+    Date date;          // kDate, kDateTime, kTime
+  };
+
+  void SetTable(std::string table) { table_ = std::move(table); }
+  const std::string& Table() const { return table_; }
+  // The host's mode of the statement; kept for the caller, it does not
+  // change the text that a runner builds.
+  void SetOperation(int operation) { operation_ = operation; }
+  int Operation() const { return operation_; }
+
+  void Text(std::string_view column, std::string_view value);
+  void Boolean(std::string_view column, bool value);
+  void Date(std::string_view column, host::Date value);      // the date alone
+  void DateTime(std::string_view column, host::Date value);  // date and time
+  void Time(std::string_view column, host::Date value);      // the time alone
+  void Number(std::string_view column, double value);
+  void SelectColumn(std::string_view column);
+  void KeyNumber(std::string_view column, double value);
+  void KeyText(std::string_view column, std::string_view value);
+
+  // Empties columns, keys and selected columns; keeps table and operation.
+  void ClearColumns();
+
+  const std::vector<Column>& Columns() const { return columns_; }
+  const std::vector<Column>& Keys() const { return keys_; }
+  const std::vector<std::string>& SelectedColumns() const { return selected_; }
+
+ private:
+  static void Put(std::vector<Column>& list, Column column);
+
+  std::string table_;
+  int operation_ = 0;
+  std::vector<Column> columns_;
+  std::vector<Column> keys_;
+  std::vector<std::string> selected_;
+};
+
+}  // namespace host
+
+#endif  // LUMARO_CONNECTOR_HOST_SQL_STATEMENT_H_

@@ -1,0 +1,38 @@
+#ifndef LUMARO_CONNECTOR_HOST_UI_MANAGER_H_
+#define LUMARO_CONNECTOR_HOST_UI_MANAGER_H_
+
+#include <string_view>
+
+#include "connector/host/MessageCatalogue.h"
+
+namespace host {
+
+// Styles and answers of a message box, as the host knows them.
+namespace msgbox {
+inline constexpr int kOkOnly = 0;
+inline constexpr int kYesNo = 4;
+inline constexpr int kCritical = 16;
+inline constexpr int kQuestion = 32;
+inline constexpr int kExclamation = 48;
+inline constexpr int kInformation = 64;
+
+inline constexpr int kOk = 1;
+inline constexpr int kYes = 6;
+inline constexpr int kNo = 7;
+}  // namespace msgbox
+
+// The host's user interface: messages, message boxes and forms.
+class UIManager {
+ public:
+  virtual ~UIManager() = default;
+  virtual const MessageCatalogue& Messages() const = 0;
+  // Shows a message box and returns the button the person chose.
+  virtual int MsgBox(std::string_view text, int style, std::string_view title = "") = 0;
+  // Shows the connector's form `form_name` modally. A host without forms
+  // says so to the person and answers False.
+  virtual bool ShowForm(std::string_view form_name) = 0;
+};
+
+}  // namespace host
+
+#endif  // LUMARO_CONNECTOR_HOST_UI_MANAGER_H_

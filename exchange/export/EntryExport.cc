@@ -1,0 +1,128 @@
+#include "exchange/export/EntryExport.h"
+
+#include <sys/stat.h>
+
+#include "connector/ModConnectorLumaro.h"
+#include "connector/host/Conversions.h"
+#include "connector/host/Error.h"
+#include "connector/host/FieldConverter.h"
+#include "exchange/export/ExportRecords.h"
+
+namespace lumaro {
+namespace {
+
+constexpr int32_t kFolderMissing = 4140034;
+constexpr int32_t kMakingExportFile = 4140044;
+constexpr int32_t kProgressOfTotal = 4140039;
+
+bool FolderExists(const std::string& path) {
+  struct stat info;
+  return !path.empty() && ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+bool FileExists(const std::string& path) {
+  struct stat info;
+  return ::stat(path.c_str(), &info) == 0;
+}
+
+// The file system's BuildPath: one separator between folder and name.
+std::string BuildPath(const std::string& folder, const std::string& name) {
+  if (!folder.empty() && (folder.back() == '/' || folder.back() == '\\')) return folder + name;
+  return folder + "/" + name;
+}
+
+}  // namespace
+
+EntryExport::EntryExport(const LumaroConnectorSetting& settings, const Workstation& entry,
+                         std::shared_ptr<host::IConnectorEvents> notifier, KeyCaches& keys)
+    : settings_(settings),
+      entry_(entry),
+      notifier_(std::move(notifier)),
+      keys_(keys),
+      host_(ModConnectorLumaro::Host()),
+      db_(host_.DataManager().Connection().Database()) {}
+
+host::RecordsetPtr EntryExport::Query(const std::string& sql) {
+  return db_.OpenRecordset(sql, 128, true);
+}
+
+std::string EntryExport::EntryFilter(const std::string& prefix) const {
+  return " WHERE " + prefix + selection_ + " AND " + prefix + "WorkstationID IN (" +
+         entry_.WorkstationList + ") " + " AND " + prefix + "TransSerial ='" +
+         db_.SqlFormat().QuoteText(entry_.TransSerial) + "'";
+}
+
+void EntryExport::ReportProgress() {
+  if (!notifier_) {
+    host::RaiseWith(91, "Object variable or With block variable not set", "EventNotifier");
+  }
+  std::string text = host_.UIManager().Messages().Format(
+      kProgressOfTotal, {host::Variant(counter_), host::Variant(total_)});
+  notifier_->Progress(counter_, total_, text);
+}
+
+EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_number,
+                                      host::Date initial_date, host::Date final_date) {
+  reader_ = host_.NewSaleDocumentReader();
+  std::string name = "ETpv " + entry_.LumaroWorkstationID + " " +
+                     host::FormatNumber(file_number, "0000000") + ".txt";
+  std::string full_path = BuildPath(folder, name);
+  host::UIManager& ui = host_.UIManager();
+  if (!FolderExists(folder)) {
+    ui.MsgBox(ui.Messages().Text(kFolderMissing), host::msgbox::kInformation);
+    return {};
+  }
+  // The existing file stays as it is and the number does not move: this
+  // entry stops here, run after run, until somebody removes the file.
+  if (FileExists(full_path)) {
+    ui.MsgBox("O ficheiro " + full_path + " já existe!", host::msgbox::kInformation);
+    return {};
+  }
+  // A re-export with one date missing is an ordinary export.
+  if (initial_date.serial != 0 && final_date.serial != 0) {
+    selection_ = "CreateDate BETWEEN " + db_.SqlFormat().DateLiteral(initial_date) + " AND " +
+                 db_.SqlFormat().DateLiteral(final_date);
+  } else {
+    selection_ = "AccountingExportDate Is Null ";
+  }
+  FirstDate first = FindFirstDate();
+  if (!first.anything) return {};
+
+  if (!notifier_) {
+    host::RaiseWith(91, "Object variable or With block variable not set", "EventNotifier");
+  }
+  notifier_->Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
+  writer_ = std::make_unique<host::AnsiTextWriter>(full_path, false);
+  host::SystemContext& context = host_.SystemManager().Context();
+  Write(BuildHeader(settings_.SQLCompanyID, settings_.SQLCompanyYear, context.CompanyNumber(),
+                    context.CurrentWorkstation().WorkstationID(), entry_.LumaroWorkstationID,
+                    file_number, first.date));
+  WriteCustomers();
+  WriteSales();
+  WriteReceipts();
+  writer_->Close();
+  return {true, name};
+}
+
+EntryExport::FirstDate EntryExport::FindFirstDate() {
+  FirstDate first;
+  host::RecordsetPtr rs =
+      Query("SELECT Min(CreateDate) AS FirstSale FROM TenderTransaction " + EntryFilter("") +
+            " GROUP BY TransSerial, TransDocument, TransDocNumber");
+  int32_t receipts = rs->RecordCount();
+  // The first row of a grouped result is taken as it comes: the date is the
+  // first in the database's own order of groups.
+  if (!rs->Eof()) first.date = host::FieldConverter::ToDate(rs->Fields("FirstSale"));
+  host::RecordsetTools::CloseRecordset(rs);
+
+  rs = Query("SELECT Min(CreateDate) AS FirstSale FROM SaleTransaction " + EntryFilter("") +
+             " GROUP BY CreateDate");
+  bool sales = !rs->Eof();
+  // The date of the sales takes the place of the date of the receipts.
+  if (sales) first.date = host::FieldConverter::ToDate(rs->Fields("FirstSale"));
+  host::RecordsetTools::CloseRecordset(rs);
+  first.anything = sales || receipts >= 1;
+  return first;
+}
+
+}  // namespace lumaro

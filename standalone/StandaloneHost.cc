@@ -1,0 +1,191 @@
+#include "standalone/StandaloneHost.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "connector/host/Ansi.h"
+#include "connector/host/Error.h"
+#include "connector/host/Regional.h"
+#include "connector/host/Text.h"
+#include "standalone/schema/PosDatabase.h"
+#include "standalone/services/SqliteEntityServices.h"
+
+namespace standalone {
+namespace {
+
+// Back-office connections go through ODBC, which this host does not offer
+// yet.
+constexpr int32_t kCannotConnect = -2147467259;
+
+std::string FolderOf(const std::string& path) {
+  std::filesystem::path absolute = std::filesystem::absolute(path);
+  return absolute.parent_path().string();
+}
+
+class HostSystemManager : public host::SystemManager {
+ public:
+  explicit HostSystemManager(host::SystemContext& context) : context_(context) {}
+  host::SystemContext& Context() override { return context_; }
+  // Half away from zero, at the given number of decimals.
+  double RoundValue(double value, int decimals) const override {
+    double factor = std::pow(10.0, decimals);
+    return std::round(value * factor) / factor;
+  }
+  // Each party kind has its own range of ids, ten thousand million wide:
+  // kind 1 (customers) from 1, kind 2 from 10000000001, and so on.
+  double PartyIDBase(double a, int kind) override { return (kind - 1) * 1e10 + a; }
+
+ private:
+  host::SystemContext& context_;
+};
+
+class HostConnection : public host::DatabaseConnection, public host::DataManager {
+ public:
+  explicit HostConnection(SqliteDatabase& database) : database_(database) {}
+  host::DatabaseService& Database() override { return database_; }
+  std::shared_ptr<host::DatabaseService> OpenDatabase(
+      const host::DatabaseDescription& description) override {
+    host::RaiseWith(kCannotConnect,
+                    "Não é possível ligar à base de dados " + description.DatabaseName +
+                        " em " + description.Server + ": este anfitrião não tem ligação ODBC",
+                    "DataManager");
+  }
+  host::DatabaseConnection& Connection() override { return *this; }
+
+ private:
+  SqliteDatabase& database_;
+};
+
+class HostRegistry : public host::ConnectorRegistry, public host::ModuleManager {
+ public:
+  explicit HostRegistry(host::SettingStore& store) : store_(store) {}
+  host::SettingStore& SettingStore() override { return store_; }
+  host::ConnectorRegistry& ConnectorRegistry() override { return *this; }
+
+ private:
+  host::SettingStore& store_;
+};
+
+class HostFileTools : public host::FileTools, public host::NameTools {
+ public:
+  // Appends "<date text> <message>" and CR LF, in the ANSI code page.
+  void WriteLog(std::string_view date_text, std::string_view message, std::string_view folder,
+                std::string_view file_name) override {
+    std::string path = std::string(folder) + "/" + std::string(file_name);
+    std::FILE* file = std::fopen(path.c_str(), "ab");
+    if (file == nullptr) {
+      host::RaiseWith(host::err::kPathNotFound, "Cannot write the log '" + path + "'", "FileTools");
+    }
+    std::string line = host::ToAnsi(std::string(date_text) + " " + std::string(message)) + "\r\n";
+    bool ok = std::fwrite(line.data(), 1, line.size(), file) == line.size();
+    ok = std::fclose(file) == 0 && ok;
+    if (!ok) host::RaiseWith(57, "Cannot write the log '" + path + "'", "FileTools");
+  }
+
+  // The names the host keeps for its own groups.
+  bool IsReserved(std::string_view name) const override {
+    static constexpr std::string_view kReserved[] = {"ADMINISTRADOR", "ADMINISTRADORES", "SISTEMA",
+                                                     "TODOS", "GERAL"};
+    std::string upper = host::UCase(host::Trim(name));
+    for (std::string_view reserved : kReserved) {
+      if (upper == reserved) return true;
+    }
+    return false;
+  }
+};
+
+}  // namespace
+
+class StandaloneHost::Roots {
+ public:
+  Roots(StandaloneContext& context, SqliteDatabase& database, host::SettingStore& store)
+      : system(context), connection(database), registry(store) {}
+  HostSystemManager system;
+  HostConnection connection;
+  HostRegistry registry;
+  HostFileTools files;
+};
+
+std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path) {
+  struct stat info;
+  bool existed = ::stat(path.c_str(), &info) == 0;
+  std::unique_ptr<SqliteDatabase> database;
+  try {
+    database = SqliteDatabase::Open(path, SqliteDatabase::OpenMode::kCreateIfMissing);
+    PreparePosDatabase(*database);
+  } catch (...) {
+    database.reset();
+    if (!existed) ::unlink(path.c_str());  // leave nothing behind
+    throw;
+  }
+  return database;
+}
+
+StandaloneHost::StandaloneHost(std::unique_ptr<SqliteDatabase> database,
+                               std::unique_ptr<host::UIManager> ui, Identity identity)
+    : database_(std::move(database)), ui_(std::move(ui)) {
+  context_store_ = std::make_unique<HostContextStore>(*database_, FolderOf(database_->Path()));
+  context_ = std::make_unique<StandaloneContext>(*database_, *context_store_,
+                                                 identity.workstation_id, identity.user_id,
+                                                 identity.session_id);
+  setting_store_ = std::make_unique<SqliteSettingStore>(*database_);
+  roots_ = std::make_unique<Roots>(*context_, *database_, *setting_store_);
+  ApplyRegionalSettings();
+}
+
+StandaloneHost::~StandaloneHost() = default;
+
+void StandaloneHost::ApplyRegionalSettings() {
+  host::SetCurrentRegional(context_store_->Regional());
+}
+
+host::SystemManager& StandaloneHost::SystemManager() { return roots_->system; }
+host::DataManager& StandaloneHost::DataManager() { return roots_->connection; }
+host::ModuleManager& StandaloneHost::ModuleManager() { return roots_->registry; }
+host::FileTools& StandaloneHost::FileTools() { return roots_->files; }
+const host::NameTools& StandaloneHost::NameTools() { return roots_->files; }
+
+std::unique_ptr<host::SettingStore> StandaloneHost::NewSettingStore() {
+  return std::make_unique<SqliteSettingStore>(*database_);
+}
+
+std::unique_ptr<host::TextSigner> StandaloneHost::NewTextSigner() {
+  return std::make_unique<SodiumTextSigner>(context_->WorkFolder());
+}
+
+std::unique_ptr<host::SaleDocumentReader> StandaloneHost::NewSaleDocumentReader() {
+  return std::make_unique<SqliteSaleDocumentReader>(*database_);
+}
+
+std::unique_ptr<host::CurrencyService> StandaloneHost::NewCurrencyService() {
+  return std::make_unique<SqliteCurrencyService>(*database_);
+}
+
+std::unique_ptr<host::SalesmanService> StandaloneHost::NewSalesmanService() {
+  return std::make_unique<SqliteSalesmanService>(*database_);
+}
+
+std::unique_ptr<host::CarrierService> StandaloneHost::NewCarrierService() {
+  return std::make_unique<SqliteCarrierService>(*database_);
+}
+
+std::unique_ptr<host::PaymentService> StandaloneHost::NewPaymentService() {
+  return std::make_unique<SqlitePaymentService>(*database_);
+}
+
+std::unique_ptr<host::TenderService> StandaloneHost::NewTenderService() {
+  return std::make_unique<SqliteTenderService>(*database_);
+}
+
+std::unique_ptr<host::PriceLineService> StandaloneHost::NewPriceLineService() {
+  return std::make_unique<SqlitePriceLineService>(*database_);
+}
+
+std::unique_ptr<host::ItemService> StandaloneHost::NewItemService() {
+  return std::make_unique<SqliteItemService>(*database_);
+}
+
+}  // namespace standalone

@@ -1,0 +1,76 @@
+#ifndef LUMARO_STANDALONE_STANDALONE_HOST_H_
+#define LUMARO_STANDALONE_STANDALONE_HOST_H_
+
+#include <memory>
+#include <string>
+
+#include "connector/host/Host.h"
+#include "standalone/HostContextStore.h"
+#include "standalone/SqliteSettingStore.h"
+#include "standalone/StandaloneContext.h"
+#include "standalone/sqlite/SqliteDatabase.h"
+
+namespace standalone {
+
+// Who the host runs as.
+struct Identity {
+  int32_t workstation_id = 1;
+  int32_t user_id = 1;
+  int32_t session_id = 1;
+};
+
+// Opens (or creates) the POS database at `path` and brings it to the
+// current schema. Raises, leaving no new file behind, when the file cannot
+// be opened or created, is not a POS database, or its schema cannot be
+// written.
+std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path);
+
+// The stand-alone host: every service the connector asks of its host, over
+// one POS database. It sets the thread's regional settings to those of the
+// database's host context. Keep it alive while a connector it made lives.
+class StandaloneHost : public host::Host {
+ public:
+  StandaloneHost(std::unique_ptr<SqliteDatabase> database, std::unique_ptr<host::UIManager> ui,
+                 Identity identity = {});
+  ~StandaloneHost() override;
+
+  host::SystemManager& SystemManager() override;
+  host::DataManager& DataManager() override;
+  host::UIManager& UIManager() override { return *ui_; }
+  host::ModuleManager& ModuleManager() override;
+  host::FileTools& FileTools() override;
+  const host::NameTools& NameTools() override;
+
+  std::unique_ptr<host::SettingStore> NewSettingStore() override;
+  std::unique_ptr<host::TextSigner> NewTextSigner() override;
+  std::unique_ptr<host::SaleDocumentReader> NewSaleDocumentReader() override;
+  std::unique_ptr<host::CurrencyService> NewCurrencyService() override;
+  std::unique_ptr<host::SalesmanService> NewSalesmanService() override;
+  std::unique_ptr<host::CarrierService> NewCarrierService() override;
+  std::unique_ptr<host::PaymentService> NewPaymentService() override;
+  std::unique_ptr<host::TenderService> NewTenderService() override;
+  std::unique_ptr<host::PriceLineService> NewPriceLineService() override;
+  std::unique_ptr<host::ItemService> NewItemService() override;
+
+  SqliteDatabase& Database() { return *database_; }
+  HostContextStore& ContextStore() { return *context_store_; }
+  StandaloneContext& Context() { return *context_; }
+  SqliteSettingStore& Settings() { return *setting_store_; }
+  // Reads the regional settings of the host context again and applies them
+  // to this thread (after `host set`).
+  void ApplyRegionalSettings();
+
+ private:
+  class Roots;
+
+  std::unique_ptr<SqliteDatabase> database_;
+  std::unique_ptr<host::UIManager> ui_;
+  std::unique_ptr<HostContextStore> context_store_;
+  std::unique_ptr<StandaloneContext> context_;
+  std::unique_ptr<SqliteSettingStore> setting_store_;
+  std::unique_ptr<Roots> roots_;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_STANDALONE_HOST_H_

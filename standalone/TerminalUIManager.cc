@@ -1,0 +1,22 @@
+#include "standalone/TerminalUIManager.h"
+
+namespace standalone {
+
+int TerminalUIManager::MsgBox(std::string_view text, int style, std::string_view) {
+  if (before_write_) before_write_();
+  out_ << text << '\n';
+  out_.flush();
+  if ((style & 0x7) == host::msgbox::kYesNo) {
+    return answer_yes_ ? host::msgbox::kYes : host::msgbox::kNo;
+  }
+  return host::msgbox::kOk;
+}
+
+bool TerminalUIManager::ShowForm(std::string_view form_name) {
+  if (before_write_) before_write_();
+  out_ << "Este anfitrião não tem formulários: não é possível mostrar " << form_name << ".\n";
+  out_.flush();
+  return false;
+}
+
+}  // namespace standalone

@@ -1,0 +1,35 @@
+#ifndef LUMARO_STANDALONE_TERMINAL_UI_MANAGER_H_
+#define LUMARO_STANDALONE_TERMINAL_UI_MANAGER_H_
+
+#include <functional>
+#include <ostream>
+
+#include "connector/host/UIManager.h"
+#include "standalone/PortugueseCatalogue.h"
+
+namespace standalone {
+
+// The user interface of a host without windows: a message box is written to
+// the stream as its text and a line end; a question (Yes/No) takes the
+// answer given at construction. There are no forms.
+class TerminalUIManager : public host::UIManager {
+ public:
+  TerminalUIManager(std::ostream& out, bool answer_yes) : out_(out), answer_yes_(answer_yes) {}
+  // Called before anything is written, so that a progress bar being drawn
+  // on the same stream can end its line first.
+  void SetBeforeWrite(std::function<void()> before_write) { before_write_ = std::move(before_write); }
+
+  const host::MessageCatalogue& Messages() const override { return catalogue_; }
+  int MsgBox(std::string_view text, int style, std::string_view title = "") override;
+  bool ShowForm(std::string_view form_name) override;
+
+ private:
+  std::ostream& out_;
+  bool answer_yes_;
+  std::function<void()> before_write_;
+  PortugueseCatalogue catalogue_;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_TERMINAL_UI_MANAGER_H_

@@ -1,0 +1,54 @@
+#include "standalone/schema/PosSchema.h"
+
+#include <string>
+
+#include "standalone/schema/SchemaParts.h"
+
+namespace standalone {
+namespace schema {
+
+std::string CreateTable(std::string_view name,
+                        std::initializer_list<std::string_view> column_groups) {
+  std::string statement = "CREATE TABLE ";
+  statement += name;
+  statement += " (";
+  bool first = true;
+  for (std::string_view group : column_groups) {
+    if (!first) statement += ",";
+    statement += group;
+    first = false;
+  }
+  statement += ")";
+  return statement;
+}
+
+std::vector<std::string_view> Views(const std::vector<std::string>& statements) {
+  return std::vector<std::string_view>(statements.begin(), statements.end());
+}
+
+}  // namespace schema
+
+std::vector<std::string_view> PosSchemaStatements() {
+  using PartFunction = std::vector<std::string_view> (*)();
+  static constexpr PartFunction kParts[] = {
+      schema::ConfigurationSchema,  schema::GeographySchema,  schema::PartiesSchema,
+      schema::CustomersSchema,      schema::CommercialSchema, schema::ItemsSchema,
+      schema::ItemDetailsSchema,    schema::StockSchema,      schema::DocumentsSchema,
+      schema::SalesDocumentsSchema, schema::TendersSchema,    schema::AccountsSchema,
+      schema::WorkTablesSchema,     schema::HostSchema,
+  };
+  // The version goes last, so that a database whose creation stopped half-way
+  // still reads as version 0.
+  static const std::string kVersionPragma =
+      "PRAGMA user_version = " + std::to_string(kPosSchemaVersion);
+
+  std::vector<std::string_view> statements;
+  for (PartFunction part : kParts) {
+    std::vector<std::string_view> part_statements = part();
+    statements.insert(statements.end(), part_statements.begin(), part_statements.end());
+  }
+  statements.push_back(kVersionPragma);
+  return statements;
+}
+
+}  // namespace standalone

@@ -1,0 +1,33 @@
+#ifndef LUMARO_STANDALONE_SCHEMA_POS_SCHEMA_H_
+#define LUMARO_STANDALONE_SCHEMA_POS_SCHEMA_H_
+
+#include <string_view>
+#include <vector>
+
+namespace standalone {
+
+// The version of the POS schema below, kept in PRAGMA user_version. Raise it
+// with every change, and add the upgrade steps from the previous version.
+inline constexpr int kPosSchemaVersion = 1;
+
+// The DDL of a POS database: every table and column that the connector and
+// its host name, letter for letter (the host's misspellings included), with
+// the keys and indexes its lookups need. Statements in creation order, each
+// one SQLite statement without a trailing ";".
+//
+// Column types follow one rule, because the SQLite database service gives a
+// field its kind from its declared type:
+//   VARCHAR(n)/TEXT -> text, SMALLINT -> 16-bit integer, INTEGER -> 32-bit
+//   integer, BIGINT/FLOAT/MONEY -> double, DATETIME -> date (stored as text
+//   'YYYY-MM-DD HH:MM:SS'), BIT -> truth value (stored 1/0), IMAGE -> bytes.
+std::vector<std::string_view> PosSchemaStatements();
+
+// The factory data of a fresh POS: what a newly installed host holds before
+// any load (one ConfSystem row, currency EUR, the IVA rows, price line 0,
+// warehouse 1, tenders 1 and 10, the sale document "TVD", workstation 1,
+// user 1, ...). Statements in order, run once after the DDL.
+std::vector<std::string_view> FactoryDataStatements();
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_SCHEMA_POS_SCHEMA_H_

@@ -1,0 +1,134 @@
+#include "standalone/services/SqliteEntityServices.h"
+
+#include "connector/host/FieldConverter.h"
+
+namespace standalone {
+namespace {
+
+using host::FieldConverter;
+
+// The row of `table` whose `column` is `value`; nullptr when there is none.
+host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
+                            std::string_view column, double value) {
+  auto rs = db.OpenRecordset("SELECT * FROM " + std::string(table) + " WHERE " +
+                             std::string(column) + "=" + db.SqlFormat().Number(value));
+  return rs->Eof() ? nullptr : rs;
+}
+
+host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
+                            std::string_view column, std::string_view value) {
+  auto rs = db.OpenRecordset("SELECT * FROM " + std::string(table) + " WHERE " +
+                             std::string(column) + "='" + db.SqlFormat().QuoteText(value) + "'");
+  return rs->Eof() ? nullptr : rs;
+}
+
+// By id, or by key when the id is 0 and a key is given.
+host::RecordsetPtr RowByIdOrKey(host::DatabaseService& db, std::string_view table,
+                                std::string_view id_column, double id,
+                                std::string_view key_column, std::string_view key) {
+  if (id == 0 && !key.empty()) return RowWhere(db, table, key_column, key);
+  return RowWhere(db, table, id_column, id);
+}
+
+}  // namespace
+
+std::shared_ptr<host::Currency> SqliteCurrencyService::Get(std::string_view currency_id,
+                                                           std::string_view) {
+  auto rs = RowWhere(db_, "Currency", "CurrencyID", currency_id);
+  if (!rs) return nullptr;
+  auto currency = std::make_shared<host::Currency>();
+  currency->CurrencyID = FieldConverter::ToText(rs->Fields("CurrencyID"));
+  currency->Exchange = FieldConverter::ToNumber(rs->Fields("SaleExchange"));
+  currency->Factor = FieldConverter::ToNumber(rs->Fields("CurrencyFactor"));
+  currency->ExportCode = static_cast<int32_t>(FieldConverter::ToNumber(rs->Fields("ExportCode")));
+  return currency;
+}
+
+std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
+                                                           std::string_view salesman_key) {
+  auto rs = RowByIdOrKey(db_, "Salesman", "SalesmanID", salesman_id, "SalesmanKey", salesman_key);
+  if (!rs) return nullptr;
+  auto salesman = std::make_shared<host::Salesman>();
+  salesman->SalesmanID = FieldConverter::ToNumber(rs->Fields("SalesmanID"));
+  salesman->SalesmanKey = FieldConverter::ToText(rs->Fields("SalesmanKey"));
+  salesman->SalesmanName = FieldConverter::ToText(rs->Fields("SalesmanName"));
+  return salesman;
+}
+
+std::shared_ptr<host::Carrier> SqliteCarrierService::Get(double carrier_id) {
+  auto rs = RowWhere(db_, "Carrier", "CarrierID", carrier_id);
+  if (!rs) return nullptr;
+  auto carrier = std::make_shared<host::Carrier>();
+  carrier->CarrierID = FieldConverter::ToNumber(rs->Fields("CarrierID"));
+  carrier->CarrierKey = FieldConverter::ToText(rs->Fields("CarrierKey"));
+  carrier->CarrierName = FieldConverter::ToText(rs->Fields("Description"));
+  return carrier;
+}
+
+std::shared_ptr<host::Payment> SqlitePaymentService::Get(double payment_id) {
+  auto rs = RowWhere(db_, "Payment", "PaymentID", payment_id);
+  if (!rs) return nullptr;
+  auto payment = std::make_shared<host::Payment>();
+  payment->PaymentID = FieldConverter::ToNumber(rs->Fields("PaymentID"));
+  payment->PaymentKey = FieldConverter::ToText(rs->Fields("PaymentKey"));
+  payment->Description = FieldConverter::ToText(rs->Fields("Description"));
+  return payment;
+}
+
+std::shared_ptr<host::Tender> SqliteTenderService::Get(double tender_id,
+                                                       std::string_view tender_key) {
+  auto rs = RowByIdOrKey(db_, "Tender", "TenderID", tender_id, "TenderKey", tender_key);
+  if (!rs) return nullptr;
+  auto tender = std::make_shared<host::Tender>();
+  tender->TenderID = FieldConverter::ToNumber(rs->Fields("TenderID"));
+  tender->TenderKey = FieldConverter::ToText(rs->Fields("TenderKey"));
+  tender->Description = FieldConverter::ToText(rs->Fields("Description"));
+  return tender;
+}
+
+std::string SqlitePriceLineService::GetKey(double price_line_id) {
+  auto it = keys_.find(price_line_id);
+  if (it != keys_.end()) return it->second;
+  auto rs = RowWhere(db_, "PriceLine", "PriceLineID", price_line_id);
+  std::string key = rs ? FieldConverter::ToText(rs->Fields("PriceLineKey")) : "";
+  keys_.emplace(price_line_id, key);
+  return key;
+}
+
+double SqlitePriceLineService::GetID(std::string_view price_line_key) {
+  auto rs = RowWhere(db_, "PriceLine", "PriceLineKey", price_line_key);
+  return rs ? FieldConverter::ToNumber(rs->Fields("PriceLineID")) : 0;
+}
+
+host::RecordsetPtr SqlitePriceLineService::GetPriceLines() {
+  return db_.OpenRecordset("SELECT * FROM PriceLine ORDER BY PriceLineID");
+}
+
+std::string SqliteItemService::GetKey(std::string_view item_id) {
+  std::string id(item_id);
+  auto it = keys_.find(id);
+  if (it != keys_.end()) return it->second;
+  auto rs = RowWhere(db_, "Item", "ItemID", item_id);
+  std::string key = rs ? FieldConverter::ToText(rs->Fields("ItemKey")) : "";
+  keys_.emplace(std::move(id), key);
+  return key;
+}
+
+bool SqliteSaleDocumentReader::Load(std::string_view trans_serial,
+                                    std::string_view trans_document, double trans_doc_number) {
+  const host::SqlFormat& format = db_.SqlFormat();
+  auto rs = db_.OpenRecordset(
+      "SELECT TransSerial, TransDocument, TransDocNumber FROM SaleTransaction WHERE TransSerial='" +
+      format.QuoteText(trans_serial) + "' AND TransDocument='" + format.QuoteText(trans_document) +
+      "' AND TransDocNumber=" + format.Number(trans_doc_number));
+  if (rs->Eof()) {
+    party_document_text_.clear();
+    return false;
+  }
+  party_document_text_ = FieldConverter::ToText(rs->Fields("TransDocument")) + " " +
+                         FieldConverter::ToText(rs->Fields("TransSerial")) + "/" +
+                         FieldConverter::ToText(rs->Fields("TransDocNumber"));
+  return true;
+}
+
+}  // namespace standalone

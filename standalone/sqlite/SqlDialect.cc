@@ -1,0 +1,270 @@
+#include "standalone/sqlite/SqlDialect.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <optional>
+
+#include "standalone/sqlite/SqlTokens.h"
+
+namespace standalone {
+namespace {
+
+using Kind = SqlToken::Kind;
+using Tokens = std::vector<SqlToken>;
+
+// Index of the next non-blank token from `i` (inclusive), or tokens.size().
+size_t NextSignificant(const Tokens& tokens, size_t i) {
+  while (i < tokens.size() && tokens[i].IsBlank()) ++i;
+  return i;
+}
+
+bool SignificantIs(const Tokens& tokens, size_t i, std::string_view word) {
+  size_t j = NextSignificant(tokens, i);
+  return j < tokens.size() && tokens[j].IsWord(word);
+}
+
+bool SymbolFollows(const Tokens& tokens, size_t i, std::string_view symbol) {
+  size_t j = NextSignificant(tokens, i);
+  return j < tokens.size() && tokens[j].IsSymbol(symbol);
+}
+
+SqlToken Word(std::string text) { return SqlToken{Kind::kWord, std::move(text)}; }
+
+// dbo. prefixes, and the functions SQLite lacks or names otherwise.
+void RenameFunctions(Tokens& tokens) {
+  Tokens out;
+  out.reserve(tokens.size());
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const SqlToken& token = tokens[i];
+    bool is_name = token.kind == Kind::kWord || token.kind == Kind::kIdentifier;
+    if (is_name && IdentifierName(token) == "dbo" && i + 1 < tokens.size() &&
+        tokens[i + 1].IsSymbol(".")) {
+      ++i;  // drop "dbo" and its "."
+      continue;
+    }
+    if (token.kind == Kind::kWord && SymbolFollows(tokens, i + 1, "(")) {
+      if (token.IsWord("Len")) {
+        out.push_back(Word("length"));
+        continue;
+      }
+      if (token.IsWord("left")) {
+        out.push_back(Word("lumaro_left"));
+        continue;
+      }
+      if (token.IsWord("GetDate")) {
+        out.push_back(Word("lumaro_now"));
+        continue;
+      }
+    }
+    out.push_back(token);
+  }
+  tokens = std::move(out);
+}
+
+// The significant tokens of a statement, without a trailing ";".
+Tokens TrimStatement(Tokens tokens) {
+  while (!tokens.empty() && (tokens.back().IsBlank() || tokens.back().IsSymbol(";"))) {
+    tokens.pop_back();
+  }
+  size_t first = NextSignificant(tokens, 0);
+  return Tokens(tokens.begin() + static_cast<long>(first), tokens.end());
+}
+
+// "DELETE FROM <table> WHERE rowid IN (SELECT <target>.rowid FROM <from>)".
+std::string DeleteThroughRowids(const std::string& table, const std::string& target,
+                                const Tokens& from_clause) {
+  return "DELETE FROM " + table + " WHERE rowid IN (SELECT " + target + ".rowid FROM " +
+         JoinTokens(from_clause) + ")";
+}
+
+// The two SQL Server forms of a delete across a join. Returns nothing when
+// the statement is neither.
+std::optional<std::string> TranslateJoinedDelete(const Tokens& all) {
+  Tokens tokens = TrimStatement(all);
+  if (tokens.empty() || !tokens[0].IsWord("DELETE")) return std::nullopt;
+  size_t i = NextSignificant(tokens, 1);
+  if (i >= tokens.size()) return std::nullopt;
+
+  if (tokens[i].IsWord("FROM")) {
+    // DELETE FROM T FROM T INNER JOIN ...
+    size_t table_at = NextSignificant(tokens, i + 1);
+    if (table_at >= tokens.size()) return std::nullopt;
+    size_t second_from = NextSignificant(tokens, table_at + 1);
+    if (second_from >= tokens.size() || !tokens[second_from].IsWord("FROM")) return std::nullopt;
+    Tokens rest(tokens.begin() + static_cast<long>(NextSignificant(tokens, second_from + 1)),
+                tokens.end());
+    return DeleteThroughRowids(tokens[table_at].text, tokens[table_at].text, rest);
+  }
+
+  // DELETE T.* FROM ... or DELETE T FROM ...: T is a table or an alias.
+  size_t target_at = i;
+  size_t from_at = target_at;
+  while (from_at < tokens.size() && !tokens[from_at].IsWord("FROM")) ++from_at;
+  if (from_at >= tokens.size()) return std::nullopt;
+  const SqlToken& target = tokens[target_at];
+  if (target.kind != Kind::kWord && target.kind != Kind::kIdentifier) return std::nullopt;
+  Tokens rest(tokens.begin() + static_cast<long>(NextSignificant(tokens, from_at + 1)),
+              tokens.end());
+  // The table behind an alias: "<table> [AS] <target>" in the FROM clause.
+  std::string table = target.text;
+  std::string target_name = IdentifierName(target);
+  for (size_t k = 0; k < rest.size(); ++k) {
+    const SqlToken& token = rest[k];
+    if ((token.kind != Kind::kWord && token.kind != Kind::kIdentifier) ||
+        IdentifierName(token) != target_name || k == 0)
+      continue;
+    size_t before = k;
+    do {
+      --before;
+    } while (before > 0 && rest[before].IsBlank());
+    if (rest[before].IsWord("AS") && before > 0) {
+      do {
+        --before;
+      } while (before > 0 && rest[before].IsBlank());
+    }
+    if (rest[before].kind == Kind::kWord || rest[before].kind == Kind::kIdentifier) {
+      if (!rest[before].IsWord("JOIN") && !rest[before].IsWord("FROM") &&
+          !rest[before].IsWord("ON") && !rest[before].IsWord("AND")) {
+        table = rest[before].text;
+        break;
+      }
+    }
+  }
+  return DeleteThroughRowids(table, target.text, rest);
+}
+
+std::optional<std::string> TranslateTruncate(const Tokens& all) {
+  Tokens tokens = TrimStatement(all);
+  if (tokens.empty() || !tokens[0].IsWord("TRUNCATE") || !SignificantIs(tokens, 1, "TABLE")) {
+    return std::nullopt;
+  }
+  size_t table_at = NextSignificant(tokens, NextSignificant(tokens, 1) + 1);
+  if (table_at >= tokens.size()) return std::nullopt;
+  return "DELETE FROM " + JoinTokens(Tokens(tokens.begin() + static_cast<long>(table_at),
+                                            tokens.end()));
+}
+
+// SELECT [DISTINCT|ALL] TOP n ... -> SELECT [DISTINCT|ALL] ... LIMIT n, the
+// LIMIT going where that SELECT ends: before the parenthesis that closes its
+// subquery, or at the end of the statement.
+void TranslateTop(Tokens& tokens) {
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    if (!tokens[i].IsWord("SELECT")) continue;
+    size_t j = NextSignificant(tokens, i + 1);
+    if (j < tokens.size() && (tokens[j].IsWord("DISTINCT") || tokens[j].IsWord("ALL"))) {
+      j = NextSignificant(tokens, j + 1);
+    }
+    if (j >= tokens.size() || !tokens[j].IsWord("TOP")) continue;
+    size_t n = NextSignificant(tokens, j + 1);
+    bool parenthesised = n < tokens.size() && tokens[n].IsSymbol("(");
+    if (parenthesised) n = NextSignificant(tokens, n + 1);
+    if (n >= tokens.size() || tokens[n].kind != Kind::kNumber) continue;
+    std::string count = tokens[n].text;
+    size_t last = n;
+    if (parenthesised) last = NextSignificant(tokens, n + 1);
+    // Drop "TOP n" and the blank after it.
+    size_t erase_end = last + 1;
+    if (erase_end < tokens.size() && tokens[erase_end].IsBlank()) ++erase_end;
+    tokens.erase(tokens.begin() + static_cast<long>(j), tokens.begin() + static_cast<long>(erase_end));
+    // Find where this SELECT ends.
+    int depth = 0;
+    size_t end = j;
+    for (; end < tokens.size(); ++end) {
+      if (tokens[end].IsSymbol("(")) ++depth;
+      if (tokens[end].IsSymbol(")")) {
+        if (depth == 0) break;
+        --depth;
+      }
+      if (tokens[end].IsSymbol(";") && depth == 0) break;
+    }
+    // Keep trailing blanks after the LIMIT.
+    size_t insert_at = end;
+    while (insert_at > j && tokens[insert_at - 1].IsBlank()) --insert_at;
+    tokens.insert(tokens.begin() + static_cast<long>(insert_at),
+                  SqlToken{Kind::kBlank, " LIMIT " + count});
+  }
+}
+
+bool IsComparison(const SqlToken& token) {
+  static constexpr std::string_view kComparisons[] = {"=", "==", "<>", "!=", "<", ">", "<=", ">="};
+  if (token.kind != Kind::kSymbol) return false;
+  for (std::string_view op : kComparisons) {
+    if (token.text == op) return true;
+  }
+  return false;
+}
+
+std::string UnquoteText(const std::string& literal) {
+  std::string value;
+  for (size_t i = 1; i + 1 < literal.size(); ++i) {
+    value += literal[i];
+    if (literal[i] == '\'' && literal[i + 1] == '\'') ++i;
+  }
+  return value;
+}
+
+ParameterizedSql::Value NumberValue(const std::string& text) {
+  if (text.find_first_of(".eE") == std::string::npos) {
+    errno = 0;
+    long long value = std::strtoll(text.c_str(), nullptr, 10);
+    if (errno == 0) return static_cast<int64_t>(value);
+  }
+  return std::strtod(text.c_str(), nullptr);
+}
+
+}  // namespace
+
+std::string TranslateToSqlite(std::string_view sql) {
+  Tokens tokens = TokenizeSql(sql);
+  RenameFunctions(tokens);
+  if (auto text = TranslateTruncate(tokens)) return *text;
+  TranslateTop(tokens);
+  if (auto text = TranslateJoinedDelete(tokens)) return *text;
+  return JoinTokens(tokens);
+}
+
+ParameterizedSql Parameterize(std::string_view sqlite_sql) {
+  ParameterizedSql result;
+  Tokens tokens = TokenizeSql(sqlite_sql);
+  size_t first = NextSignificant(tokens, 0);
+  bool is_dml = first < tokens.size() &&
+                (tokens[first].IsWord("SELECT") || tokens[first].IsWord("INSERT") ||
+                 tokens[first].IsWord("UPDATE") || tokens[first].IsWord("DELETE") ||
+                 tokens[first].IsWord("WITH"));
+  if (!is_dml) {
+    result.text = std::string(sqlite_sql);
+    return result;
+  }
+  // For each open parenthesis: whether it opens a VALUES or IN list.
+  std::vector<bool> list_context;
+  // The depth at which VALUES stood: its rows "(...), (...)" are all lists.
+  std::optional<size_t> values_depth;
+  const SqlToken* previous = nullptr;
+  for (SqlToken& token : tokens) {
+    if (token.IsBlank()) continue;
+    bool in_list = !list_context.empty() && list_context.back();
+    if (token.kind == Kind::kString) {
+      result.values.emplace_back(UnquoteText(token.text));
+      token.text = "?";
+    } else if (token.kind == Kind::kNumber && previous != nullptr &&
+               (IsComparison(*previous) ||
+                (in_list && (previous->IsSymbol("(") || previous->IsSymbol(","))))) {
+      result.values.push_back(NumberValue(token.text));
+      token.text = "?";
+    } else if (token.IsWord("VALUES")) {
+      values_depth = list_context.size();
+    } else if (token.IsSymbol("(")) {
+      bool opens_list = previous != nullptr &&
+                        (previous->IsWord("VALUES") || previous->IsWord("IN") ||
+                         (previous->IsSymbol(",") && values_depth == list_context.size()));
+      list_context.push_back(opens_list);
+    } else if (token.IsSymbol(")")) {
+      if (!list_context.empty()) list_context.pop_back();
+    }
+    previous = &token;
+  }
+  result.text = JoinTokens(tokens);
+  return result;
+}
+
+}  // namespace standalone

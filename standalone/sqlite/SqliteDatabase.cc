@@ -1,0 +1,370 @@
+#include "standalone/sqlite/SqliteDatabase.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <cctype>
+#include <climits>
+
+#include "connector/host/Error.h"
+#include "connector/host/FieldConverter.h"
+#include "connector/host/Text.h"
+#include "standalone/sqlite/SqlDialect.h"
+#include "standalone/sqlite/SqliteSchema.h"
+
+namespace standalone {
+namespace {
+
+// ADO's "unspecified error", which a connection that cannot be made raises.
+constexpr int32_t kCannotConnect = -2147467259;
+// "No transaction is active."
+constexpr int32_t kNoTransaction = -2147168242;
+constexpr char kSource[] = "SQLite";
+
+// The kind a field takes from its column's declared type.
+enum class DeclaredKind { kAuto, kDate, kBoolean, kInteger16, kInteger32, kDouble, kText, kBytes };
+
+DeclaredKind KindOf(const char* declared) {
+  if (declared == nullptr) return DeclaredKind::kAuto;
+  std::string type(declared);
+  for (char& c : type) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  auto has = [&](const char* part) { return type.find(part) != std::string::npos; };
+  if (has("DATE") || has("TIME")) return DeclaredKind::kDate;
+  if (has("BIT") || has("BOOL")) return DeclaredKind::kBoolean;
+  if (has("SMALLINT") || has("TINYINT")) return DeclaredKind::kInteger16;
+  if (has("BIGINT")) return DeclaredKind::kDouble;
+  if (has("INT")) return DeclaredKind::kInteger32;
+  if (has("FLOAT") || has("REAL") || has("DOUB") || has("MONEY") || has("NUMERIC") ||
+      has("DEC"))
+    return DeclaredKind::kDouble;
+  if (has("CHAR") || has("TEXT") || has("CLOB")) return DeclaredKind::kText;
+  if (has("BLOB") || has("IMAGE")) return DeclaredKind::kBytes;
+  return DeclaredKind::kAuto;
+}
+
+std::string ColumnText(sqlite3_stmt* statement, int column) {
+  const unsigned char* text = sqlite3_column_text(statement, column);
+  int size = sqlite3_column_bytes(statement, column);
+  return text == nullptr ? std::string() : std::string(reinterpret_cast<const char*>(text), size);
+}
+
+host::Variant IntegerValue(sqlite3_int64 value, bool small) {
+  if (small && value >= SHRT_MIN && value <= SHRT_MAX) return host::Variant(static_cast<int16_t>(value));
+  if (value >= INT_MIN && value <= INT_MAX) return host::Variant(static_cast<int32_t>(value));
+  return host::Variant(static_cast<double>(value));
+}
+
+// The value of one column of the current row, as its declared kind says.
+host::Variant ReadValue(sqlite3_stmt* statement, int column, DeclaredKind kind) {
+  int storage = sqlite3_column_type(statement, column);
+  if (storage == SQLITE_NULL) return host::Variant::Null();
+  switch (kind) {
+    case DeclaredKind::kDate:
+      if (storage == SQLITE_TEXT) {
+        host::Variant text(ColumnText(statement, column));
+        try {
+          return host::Variant(host::FieldConverter::ToDate(text));
+        } catch (const host::Error&) {
+          return text;  // not a date after all: give the text as it is
+        }
+      }
+      return host::Variant(host::Date{sqlite3_column_double(statement, column)});
+    case DeclaredKind::kBoolean:
+      if (storage == SQLITE_TEXT) {
+        host::Variant text(ColumnText(statement, column));
+        try {
+          return host::Variant(host::FieldConverter::ToBoolean(text));
+        } catch (const host::Error&) {
+          return text;
+        }
+      }
+      return host::Variant(sqlite3_column_double(statement, column) != 0);
+    case DeclaredKind::kText:
+      if (storage == SQLITE_BLOB) break;
+      return host::Variant(ColumnText(statement, column));
+    default:
+      break;
+  }
+  switch (storage) {
+    case SQLITE_INTEGER:
+      if (kind == DeclaredKind::kDouble) {
+        return host::Variant(static_cast<double>(sqlite3_column_int64(statement, column)));
+      }
+      return IntegerValue(sqlite3_column_int64(statement, column),
+                          kind == DeclaredKind::kInteger16);
+    case SQLITE_FLOAT:
+      return host::Variant(sqlite3_column_double(statement, column));
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const unsigned char*>(sqlite3_column_blob(statement, column));
+      int size = sqlite3_column_bytes(statement, column);
+      return host::Variant(host::Variant::Bytes(bytes, bytes + size));
+    }
+    default:
+      return host::Variant(ColumnText(statement, column));
+  }
+}
+
+// lumaro_now(): the host's clock, in the stored form of a date.
+void NowFunction(sqlite3_context* context, int, sqlite3_value**) {
+  std::string now = StoredDateText(host::Now());
+  sqlite3_result_text(context, now.c_str(), static_cast<int>(now.size()), SQLITE_TRANSIENT);
+}
+
+// lumaro_left(text, n): the first n characters.
+void LeftFunction(sqlite3_context* context, int, sqlite3_value** argv) {
+  if (sqlite3_value_type(argv[0]) == SQLITE_NULL) {
+    sqlite3_result_null(context);
+    return;
+  }
+  const char* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+  sqlite3_int64 count = sqlite3_value_int64(argv[1]);
+  std::string left = host::Left(text == nullptr ? "" : text, count < 0 ? 0 : count);
+  sqlite3_result_text(context, left.c_str(), static_cast<int>(left.size()), SQLITE_TRANSIENT);
+}
+
+std::string Shortened(std::string_view sql) {
+  constexpr size_t kMax = 300;
+  if (sql.size() <= kMax) return std::string(sql);
+  return std::string(sql.substr(0, kMax)) + "...";
+}
+
+void BindValue(sqlite3_stmt* statement, int index, const ParameterizedSql::Value& value) {
+  if (const auto* number = std::get_if<int64_t>(&value)) {
+    sqlite3_bind_int64(statement, index, *number);
+  } else if (const auto* real = std::get_if<double>(&value)) {
+    sqlite3_bind_double(statement, index, *real);
+  } else {
+    const std::string& text = std::get<std::string>(value);
+    sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()),
+                      SQLITE_TRANSIENT);
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, OpenMode mode) {
+  struct stat info;
+  bool exists = ::stat(path.c_str(), &info) == 0;
+  if (!exists && mode == OpenMode::kExisting) {
+    host::RaiseWith(host::err::kFileNotFound, "The POS database '" + path + "' does not exist",
+                    kSource);
+  }
+  if (exists && S_ISDIR(info.st_mode)) {
+    host::RaiseWith(kCannotConnect, "'" + path + "' is a folder, not a POS database", kSource);
+  }
+  sqlite3* db = nullptr;
+  int flags = SQLITE_OPEN_READWRITE | (mode == OpenMode::kCreateIfMissing ? SQLITE_OPEN_CREATE : 0);
+  int rc = sqlite3_open_v2(path.c_str(), &db, flags, nullptr);
+  if (rc != SQLITE_OK) {
+    std::string message = db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
+    sqlite3_close(db);
+    host::RaiseWith(kCannotConnect, "Cannot open the POS database '" + path + "': " + message,
+                    kSource);
+  }
+  // Reading the schema tells a database from any other file.
+  rc = sqlite3_exec(db, "PRAGMA schema_version", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) {
+    std::string message = rc == SQLITE_NOTADB ? "the file is not a SQLite database"
+                                              : std::string(sqlite3_errmsg(db));
+    sqlite3_close(db);
+    host::RaiseWith(kCannotConnect, "Cannot open the POS database '" + path + "': " + message,
+                    kSource);
+  }
+  sqlite3_busy_timeout(db, 5000);
+  sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr,
+                          nullptr);
+  sqlite3_create_function(db, "lumaro_left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                          LeftFunction, nullptr, nullptr);
+  return std::unique_ptr<SqliteDatabase>(new SqliteDatabase(db, path));
+}
+
+SqliteDatabase::SqliteDatabase(sqlite3* db, std::string path)
+    : db_(db), path_(std::move(path)), schema_(std::make_unique<SqliteSchema>(*this)) {}
+
+SqliteDatabase::~SqliteDatabase() {
+  if (db_ == nullptr) return;
+  if (transaction_depth_ > 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+  FinalizeAll();
+  sqlite3_close(db_);
+}
+
+void SqliteDatabase::FinalizeAll() {
+  for (auto& [text, statement] : cache_) sqlite3_finalize(statement);
+  cache_.clear();
+}
+
+void SqliteDatabase::RequireOpen() const {
+  if (db_ == nullptr) host::Raise(host::err::kOperationNotAllowedWhenClosed, kSource);
+}
+
+void SqliteDatabase::RaiseSqlError(int code, std::string_view sql) const {
+  std::string message = db_ != nullptr ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
+  host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sql) + ")", kSource);
+}
+
+host::SchemaService& SqliteDatabase::Schema() { return *schema_; }
+
+sqlite3_stmt* SqliteDatabase::Prepared(const std::string& sqlite_sql, bool& failed) {
+  failed = false;
+  auto it = cache_.find(sqlite_sql);
+  if (it != cache_.end()) return it->second;
+  sqlite3_stmt* statement = nullptr;
+  const char* tail = nullptr;
+  int rc = sqlite3_prepare_v2(db_, sqlite_sql.c_str(), static_cast<int>(sqlite_sql.size()),
+                              &statement, &tail);
+  if (rc != SQLITE_OK) {
+    failed = true;
+    return nullptr;
+  }
+  ++stats_.prepared;
+  // Several statements in one text are not cached: the caller runs them one
+  // by one.
+  bool single = tail == nullptr || std::string_view(tail).find_first_not_of(" \t\r\n;") ==
+                                       std::string_view::npos;
+  if (!single) {
+    sqlite3_finalize(statement);
+    failed = true;
+    return nullptr;
+  }
+  if (statement != nullptr) cache_.emplace(sqlite_sql, statement);
+  return statement;
+}
+
+host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool) {
+  RequireOpen();
+  if (observer_) observer_(sql);
+  ++stats_.executed;
+  std::string translated = TranslateToSqlite(sql);
+  ParameterizedSql parameterized = Parameterize(translated);
+  bool failed = false;
+  sqlite3_stmt* statement = Prepared(parameterized.text, failed);
+  if (!failed && statement != nullptr) {
+    for (size_t i = 0; i < parameterized.values.size(); ++i) {
+      BindValue(statement, static_cast<int>(i + 1), parameterized.values[i]);
+    }
+    return Run(statement, sql);
+  }
+  // The text as it stands, when its values could not be taken out, or when
+  // it holds several statements.
+  const char* rest = translated.c_str();
+  host::RecordsetPtr result = std::make_shared<host::Recordset>();
+  while (rest != nullptr && *rest != '\0') {
+    sqlite3_stmt* one = nullptr;
+    const char* tail = nullptr;
+    int rc = sqlite3_prepare_v2(db_, rest, -1, &one, &tail);
+    if (rc != SQLITE_OK) RaiseSqlError(rc, sql);
+    if (one == nullptr) break;  // only blanks or comments left
+    ++stats_.prepared;
+    try {
+      result = Run(one, sql);
+    } catch (...) {
+      sqlite3_finalize(one);
+      throw;
+    }
+    sqlite3_finalize(one);
+    rest = tail;
+  }
+  return result;
+}
+
+host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql) {
+  int column_count = sqlite3_column_count(statement);
+  std::vector<std::string> names;
+  std::vector<DeclaredKind> kinds;
+  names.reserve(column_count);
+  kinds.reserve(column_count);
+  for (int c = 0; c < column_count; ++c) {
+    names.emplace_back(sqlite3_column_name(statement, c));
+    kinds.push_back(KindOf(sqlite3_column_decltype(statement, c)));
+  }
+  std::vector<host::Recordset::Row> rows;
+  int rc;
+  try {
+    while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
+      host::Recordset::Row row;
+      row.reserve(column_count);
+      for (int c = 0; c < column_count; ++c) row.push_back(ReadValue(statement, c, kinds[c]));
+      rows.push_back(std::move(row));
+    }
+  } catch (...) {
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    throw;
+  }
+  if (rc != SQLITE_DONE) {
+    std::string message = sqlite3_errmsg(db_);
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sql) + ")", kSource);
+  }
+  sqlite3_reset(statement);
+  sqlite3_clear_bindings(statement);
+  if (column_count == 0) return std::make_shared<host::Recordset>();
+  return std::make_shared<host::Recordset>(std::move(names), std::move(rows));
+}
+
+void SqliteDatabase::Execute(std::string_view sqlite_sql) {
+  std::string text(sqlite_sql);
+  char* error = nullptr;
+  int rc = sqlite3_exec(db_, text.c_str(), nullptr, nullptr, &error);
+  if (rc != SQLITE_OK) {
+    std::string message = error != nullptr ? error : sqlite3_errstr(rc);
+    sqlite3_free(error);
+    host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sqlite_sql) + ")",
+                    kSource);
+  }
+}
+
+void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {
+  RequireOpen();
+  Execute(sqlite_sql);
+}
+
+void SqliteDatabase::BeginTrans() {
+  RequireOpen();
+  if (transaction_depth_ == 0) {
+    Execute("BEGIN");
+  } else {
+    Execute("SAVEPOINT lumaro_" + std::to_string(transaction_depth_));
+  }
+  ++transaction_depth_;
+}
+
+void SqliteDatabase::CommitTrans() {
+  RequireOpen();
+  if (transaction_depth_ == 0) {
+    host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
+  }
+  --transaction_depth_;
+  if (transaction_depth_ == 0) {
+    Execute("COMMIT");
+  } else {
+    Execute("RELEASE lumaro_" + std::to_string(transaction_depth_));
+  }
+}
+
+void SqliteDatabase::RollbackTrans() {
+  RequireOpen();
+  if (transaction_depth_ == 0) {
+    host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
+  }
+  --transaction_depth_;
+  if (transaction_depth_ == 0) {
+    Execute("ROLLBACK");
+  } else {
+    std::string name = "lumaro_" + std::to_string(transaction_depth_);
+    Execute("ROLLBACK TO " + name);
+    Execute("RELEASE " + name);
+  }
+}
+
+void SqliteDatabase::Disconnect() {
+  if (db_ == nullptr) return;
+  if (transaction_depth_ > 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+  transaction_depth_ = 0;
+  FinalizeAll();
+  sqlite3_close(db_);
+  db_ = nullptr;
+}
+
+}  // namespace standalone

@@ -1,0 +1,101 @@
+#ifndef LUMARO_STANDALONE_SQLITE_SQLITE_DATABASE_H_
+#define LUMARO_STANDALONE_SQLITE_SQLITE_DATABASE_H_
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "connector/host/DatabaseService.h"
+#include "standalone/StatementTexts.h"
+#include "standalone/sqlite/SqliteSqlFormat.h"
+
+namespace standalone {
+class SqliteSchema;
+}  // namespace standalone
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace standalone {
+
+// A DatabaseService over one SQLite database file.
+//
+// Statements come in the SQL Server / Access dialect and are translated
+// (SqlDialect.h). Their literal values are taken out as parameters, and the
+// prepared statement is cached by the resulting text: the statements of a
+// run, which differ only in their values, are prepared once and reused.
+// Query results are read whole into a client-side Recordset whose fields
+// take their kind from the column's declared type: DATETIME reads as a
+// date, BIT as a truth value, SMALLINT as a 16-bit integer, INTEGER as a
+// 32-bit integer, BIGINT/FLOAT/MONEY as a double, text as text.
+class SqliteDatabase : public host::DatabaseService {
+ public:
+  enum class OpenMode {
+    kCreateIfMissing,  // a missing file becomes a new, empty database
+    kExisting,         // a missing file is an error
+  };
+
+  // Counters of the statements run; for benchmarks and tests.
+  struct Statistics {
+    int64_t executed = 0;  // statements run
+    int64_t prepared = 0;  // statements compiled by SQLite
+  };
+
+  // Opens the database. Raises a host::Error with a clear description when
+  // the file cannot be opened or created, or is not a SQLite database.
+  static std::unique_ptr<SqliteDatabase> Open(const std::string& path, OpenMode mode);
+  ~SqliteDatabase() override;
+  SqliteDatabase(const SqliteDatabase&) = delete;
+  SqliteDatabase& operator=(const SqliteDatabase&) = delete;
+
+  host::RecordsetPtr OpenRecordset(std::string_view sql, int options = 0,
+                                   bool read_only = false) override;
+  const host::SqlFormat& SqlFormat() const override { return format_; }
+  const host::StatementRunner& StatementRunner() const override { return texts_; }
+  host::SchemaService& Schema() override;
+  void BeginTrans() override;
+  void CommitTrans() override;
+  void RollbackTrans() override;
+  void Disconnect() override;
+  int DatabaseKind() const override { return 0; }
+
+  // Runs SQLite statements as they stand (no translation), one after the
+  // other: the host's own DDL.
+  void ExecuteScript(std::string_view sqlite_sql);
+
+  const std::string& Path() const { return path_; }
+  bool InTransaction() const { return transaction_depth_ > 0; }
+  const Statistics& Stats() const { return stats_; }
+  // Called with the caller's text of every statement before it runs.
+  void SetStatementObserver(std::function<void(std::string_view)> observer) {
+    observer_ = std::move(observer);
+  }
+
+ private:
+  SqliteDatabase(sqlite3* db, std::string path);
+
+  void RequireOpen() const;
+  [[noreturn]] void RaiseSqlError(int code, std::string_view sql) const;
+  // The cached statement for a SQLite text, prepared at first use.
+  sqlite3_stmt* Prepared(const std::string& sqlite_sql, bool& failed);
+  host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql);
+  void Execute(std::string_view sqlite_sql);
+  void FinalizeAll();
+
+  sqlite3* db_;
+  std::string path_;
+  SqliteSqlFormat format_;
+  StatementTexts texts_{format_};
+  std::unique_ptr<SqliteSchema> schema_;
+  std::unordered_map<std::string, sqlite3_stmt*> cache_;
+  int transaction_depth_ = 0;
+  Statistics stats_;
+  std::function<void(std::string_view)> observer_;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_SQLITE_SQLITE_DATABASE_H_
