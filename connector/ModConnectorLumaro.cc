@@ -12,7 +12,6 @@ struct ThreadState {
   host::Host* host = nullptr;
   std::unique_ptr<host::KeyDictionary> run_dictionary;
   std::shared_ptr<host::Currency> currency;
-  bool currency_cached = false;
   std::shared_ptr<host::SystemSettings> settings_override;
 };
 
@@ -28,7 +27,6 @@ void ModConnectorLumaro::AttachHost(host::Host* host) {
   if (state.host != host) {
     // Another host: nothing cached for the old one may serve the new.
     state.currency.reset();
-    state.currency_cached = false;
     state.settings_override.reset();
   }
   state.host = host;
@@ -75,12 +73,10 @@ void ModConnectorLumaro::SetSystemSettings(std::shared_ptr<host::SystemSettings>
 
 std::shared_ptr<host::Currency> ModConnectorLumaro::GetCurrency(std::string_view currency_id) {
   ThreadState& state = State();
-  if (!state.currency_cached) {
-    state.currency = std::make_shared<host::Currency>();
-    state.currency_cached = true;
-  }
-  // An empty reference in the cache has no id: it differs from any id.
-  if (!state.currency || state.currency->CurrencyID != currency_id) {
+  // An empty cache (at first, or after a load that found nothing) first
+  // holds a new currency with an empty id.
+  if (!state.currency) state.currency = std::make_shared<host::Currency>();
+  if (state.currency->CurrencyID != currency_id) {
     state.currency = Host().NewCurrencyService()->Get(currency_id, "");
   }
   return state.currency;
