@@ -122,10 +122,11 @@ const Variant& Recordset::Fields(int index) const {
 
 void Recordset::SetFilter(std::string_view criteria) {
   RequireOpen();
-  visible_.clear();
+  // The new rows are found first: a criteria that is refused leaves the
+  // recordset as it was.
+  std::vector<size_t> visible;
   if (Trim(criteria).empty()) {
-    for (size_t i = 0; i < rows_.size(); ++i) visible_.push_back(i);
-    filter_.clear();
+    for (size_t i = 0; i < rows_.size(); ++i) visible.push_back(i);
   } else {
     RecordsetCriteria parsed(criteria);
     for (size_t i = 0; i < rows_.size(); ++i) {
@@ -135,10 +136,11 @@ void Recordset::SetFilter(std::string_view criteria) {
         if (index < 0) Raise(err::kItemNotFound, "Recordset");
         return row[index];
       };
-      if (parsed.Matches(field)) visible_.push_back(i);
+      if (parsed.Matches(field)) visible.push_back(i);
     }
-    filter_ = std::string(criteria);
   }
+  visible_ = std::move(visible);
+  filter_ = Trim(criteria).empty() ? std::string() : std::string(criteria);
   position_ = 0;
 }
 

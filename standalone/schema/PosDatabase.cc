@@ -45,7 +45,14 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
     for (std::string_view statement : FactoryDataStatements()) database.ExecuteScript(statement);
     database.CommitTrans();
   } catch (...) {
-    database.RollbackTrans();
+    // The first failure is the one to report; a commit that failed may have
+    // ended the transaction already.
+    if (database.InTransaction()) {
+      try {
+        database.RollbackTrans();
+      } catch (const host::Error&) {
+      }
+    }
     throw;
   }
   return PreparedAs::kCreated;

@@ -342,12 +342,17 @@ void SqliteDatabase::CommitTrans() {
   if (transaction_depth_ == 0) {
     host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
   }
-  --transaction_depth_;
-  if (transaction_depth_ == 0) {
-    Execute("COMMIT");
-  } else {
-    Execute("RELEASE lumaro_" + std::to_string(transaction_depth_));
+  try {
+    if (transaction_depth_ == 1) {
+      Execute("COMMIT");
+    } else {
+      Execute("RELEASE lumaro_" + std::to_string(transaction_depth_ - 1));
+    }
+  } catch (...) {
+    SyncTransactionDepth();
+    throw;
   }
+  --transaction_depth_;
 }
 
 void SqliteDatabase::RollbackTrans() {
@@ -355,14 +360,25 @@ void SqliteDatabase::RollbackTrans() {
   if (transaction_depth_ == 0) {
     host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
   }
-  --transaction_depth_;
-  if (transaction_depth_ == 0) {
-    Execute("ROLLBACK");
-  } else {
-    std::string name = "lumaro_" + std::to_string(transaction_depth_);
-    Execute("ROLLBACK TO " + name);
-    Execute("RELEASE " + name);
+  try {
+    if (transaction_depth_ == 1) {
+      Execute("ROLLBACK");
+    } else {
+      std::string name = "lumaro_" + std::to_string(transaction_depth_ - 1);
+      Execute("ROLLBACK TO " + name);
+      Execute("RELEASE " + name);
+    }
+  } catch (...) {
+    SyncTransactionDepth();
+    throw;
   }
+  --transaction_depth_;
+}
+
+void SqliteDatabase::SyncTransactionDepth() {
+  // A failed COMMIT may have ended the transaction (SQLite rolls back on an
+  // I/O error) or kept it open (a busy database): follow what SQLite says.
+  if (sqlite3_get_autocommit(db_) != 0) transaction_depth_ = 0;
 }
 
 void SqliteDatabase::Disconnect() {

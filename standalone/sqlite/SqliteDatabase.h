@@ -84,6 +84,7 @@ class SqliteDatabase : public host::DatabaseService {
   host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql);
   void Execute(std::string_view sqlite_sql);
   void FinalizeAll();
+  void SyncTransactionDepth();
 
   sqlite3* db_;
   std::string path_;

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "connector/host/Date.h"
+#include "standalone/sqlite/SqlDialect.h"
+#include "tests/standalone/ScratchDatabase.h"
+
+namespace standalone {
+namespace {
+
+// Items 1 and 3 belong to the families named 'Old', 2 and 4 to 'Keep';
+// item 5 has no family.
+class SqlDialect : public ScratchDatabase {
+ protected:
+  void SetUp() override {
+    ScratchDatabase::SetUp();
+    db_->ExecuteScript(
+        "CREATE TABLE Family (FamilyID INTEGER, Name VARCHAR(50));"
+        "INSERT INTO Family VALUES (1, 'Old'), (2, 'Keep'), (3, 'Old');"
+        "CREATE TABLE Item (ItemID INTEGER, Description VARCHAR(50), FamilyID INTEGER);"
+        "INSERT INTO Item VALUES (1, 'Conceição', 1), (2, 'Beta', 2), (3, 'Gamma', 3),"
+        " (4, 'Delta', 2), (5, 'Orphan', 9);");
+  }
+
+  // Runs `sql` in a transaction that is rolled back afterwards, and gives
+  // the rows of `check` (of `sql` itself when `check` is empty).
+  std::string RunAndRollBack(const std::string& sql, const std::string& check) {
+    db_->BeginTrans();
+    if (!check.empty()) db_->OpenRecordset(sql);
+    std::string rows = Rows(check.empty() ? sql : check);
+    db_->RollbackTrans();
+    return rows;
+  }
+};
+
+TEST_F(SqlDialect, ServerFormsRunOnSqlite) {
+  const std::string kItems = "SELECT ItemID FROM Item ORDER BY ItemID";
+  const std::string kCounts = "SELECT COUNT(*) FROM Item UNION ALL SELECT COUNT(*) FROM Family";
+  struct Case {
+    std::string sql, check, rows;
+  };
+  const Case cases[] = {
+      {"SELECT TOP 2 ItemID FROM Item ORDER BY ItemID DESC", "", "5,4"},
+      {"SELECT DISTINCT TOP (2) FamilyID FROM Item ORDER BY FamilyID;", "", "1,2"},
+      {"SELECT ItemID FROM Item WHERE FamilyID IN (SELECT TOP 1 FamilyID FROM Family "
+       "ORDER BY FamilyID DESC) ORDER BY ItemID",
+       "", "3"},
+      {"SELECT TOP 2 ItemID FROM Item WHERE ItemID IN (SELECT TOP 3 ItemID FROM Item "
+       "ORDER BY ItemID) ORDER BY ItemID DESC",
+       "", "3,2"},
+      {"SELECT Len(Description) FROM Item WHERE ItemID IN (1, 2) ORDER BY ItemID", "", "9,4"},
+      {"SELECT LEFT(Description, 7) FROM Item WHERE ItemID = 1", "", "Conceiç"},
+      {"SELECT ItemID FROM Item WHERE left(Description, 2) = 'De'", "", "4"},
+      {"SELECT Description FROM dbo.Item WHERE dbo.Item.ItemID = 2", "", "Beta"},
+      {"SELECT Description FROM [dbo].[Item] WHERE ItemID = 4", "", "Delta"},
+      {"DELETE FROM Item WHERE FamilyID = 2", kItems, "1,3,5"},
+      {"DELETE Item.* FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID "
+       "WHERE Family.Name = 'Old'",
+       kItems, "2,4,5"},
+      {"DELETE FROM Item FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID "
+       "WHERE Family.Name = 'Old'",
+       kItems, "2,4,5"},
+      {"DELETE FROM dbo.Item FROM dbo.Item INNER JOIN dbo.Family "
+       "ON Item.FamilyID = Family.FamilyID WHERE Family.Name = 'Keep';",
+       kItems, "1,3,5"},
+      {"DELETE i.* FROM Item AS i INNER JOIN Family AS f ON i.FamilyID = f.FamilyID "
+       "WHERE f.Name = 'Old'",
+       kItems, "2,4,5"},
+      {"DELETE i FROM Item i INNER JOIN Family f ON i.FamilyID = f.FamilyID WHERE f.Name = 'Keep'",
+       kItems, "1,3,5"},
+      {"DELETE Item.* FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID", kItems, "5"},
+      {"TRUNCATE TABLE [Item]", kCounts, "0,3"},
+      {"truncate table dbo.Family;", kCounts, "5,0"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(RunAndRollBack(c.sql, c.check), c.rows)
+        << c.sql << "\n -> " << TranslateToSqlite(c.sql);
+  }
+  EXPECT_EQ(Rows(kCounts), "5,3") << "every case was rolled back";
+}
+
+TEST_F(SqlDialect, NothingInsideALiteralIsRewritten) {
+  const std::string literals[] = {"TOP 1",
+                                  "dbo.x",
+                                  "Len(a)",
+                                  "left(b, 1)",
+                                  "GetDate()",
+                                  "TRUNCATE TABLE Item",
+                                  "DELETE Item.* FROM Item INNER JOIN Family",
+                                  "it''s [dbo].y"};
+  for (const std::string& literal : literals) {
+    std::string select = "SELECT TOP 1 '" + literal + "' FROM Item WHERE Description <> '" +
+                         literal + "' ORDER BY ItemID";
+    std::string translated = TranslateToSqlite(select);
+    EXPECT_NE(translated.find("SELECT '" + literal + "' FROM Item WHERE Description <> '" +
+                              literal + "' ORDER BY ItemID LIMIT 1"),
+              std::string::npos)
+        << translated;
+    std::string value = literal == "it''s [dbo].y" ? "it's [dbo].y" : literal;
+    EXPECT_EQ(Rows(select), value);
+
+    db_->OpenRecordset("UPDATE Item SET Description = '" + literal + "' WHERE ItemID = 5");
+    EXPECT_EQ(Rows("SELECT Description FROM Item WHERE ItemID = 5"), value);
+  }
+  EXPECT_EQ(TranslateToSqlite("DELETE FROM Item WHERE Description = 'x FROM Item INNER JOIN y'"),
+            "DELETE FROM Item WHERE Description = 'x FROM Item INNER JOIN y'");
+  EXPECT_EQ(TranslateToSqlite("SELECT \"Len\" (1), [left] (2)"), "SELECT \"Len\" (1), [left] (2)");
+}
+
+TEST_F(SqlDialect, ValuesBecomeParametersAndGiveTheSameRows) {
+  using Values = std::vector<ParameterizedSql::Value>;
+  struct Case {
+    std::string sql, text;
+    Values values;
+    std::string check, rows;
+  };
+  const Case cases[] = {
+      {"SELECT ItemID FROM Item WHERE Description = 'O''Neil' OR ItemID >= 4 ORDER BY 1",
+       "SELECT ItemID FROM Item WHERE Description = ? OR ItemID >= ? ORDER BY 1",
+       {std::string("O'Neil"), int64_t{4}},
+       "",
+       "4,5"},
+      {"SELECT ItemID FROM Item WHERE ItemID IN (1, 3, 5) AND FamilyID <> 2.5 LIMIT 2",
+       "SELECT ItemID FROM Item WHERE ItemID IN (?, ?, ?) AND FamilyID <> ? LIMIT 2",
+       {int64_t{1}, int64_t{3}, int64_t{5}, 2.5},
+       "",
+       "1,3"},
+      {"INSERT INTO Family VALUES (7, 'N1'), (8, 'N''2')",
+       "INSERT INTO Family VALUES (?, ?), (?, ?)",
+       {int64_t{7}, std::string("N1"), int64_t{8}, std::string("N'2")},
+       "SELECT Name FROM Family WHERE FamilyID > 6 ORDER BY 1",
+       "N'2,N1"},
+      {"UPDATE Item SET Description = 'x' WHERE ItemID < -1 OR ItemID = 99999999999",
+       "UPDATE Item SET Description = ? WHERE ItemID < -1 OR ItemID = ?",
+       {std::string("x"), int64_t{99999999999}},
+       "SELECT COUNT(*) FROM Item WHERE Description = 'x'",
+       "0"},
+      {"CREATE TABLE Other (A VARCHAR(5) DEFAULT 'x')",
+       "CREATE TABLE Other (A VARCHAR(5) DEFAULT 'x')",
+       {},
+       "SELECT COUNT(*) FROM Other",
+       "0"},
+  };
+  for (const Case& c : cases) {
+    ParameterizedSql parameterized = Parameterize(c.sql);
+    EXPECT_EQ(parameterized.text, c.text);
+    EXPECT_EQ(parameterized.values, c.values) << c.sql;
+    EXPECT_EQ(RunAndRollBack(c.sql, c.check), c.rows) << c.sql;
+  }
+}
+
+TEST_F(SqlDialect, StatementsThatDifferInTheirValuesArePreparedOnce) {
+  Rows("SELECT Description FROM Item WHERE ItemID = 0");
+  db_->OpenRecordset("INSERT INTO Family VALUES (100, 'F0')");
+  const char* const kDescriptions[] = {"", "Conceição", "Beta", "Gamma", "Delta", "Orphan"};
+  const SqliteDatabase::Statistics before = db_->Stats();
+  for (int i = 1; i <= 50; ++i) {
+    std::string expected = i <= 5 ? kDescriptions[i] : "";
+    std::string n = std::to_string(i);
+    EXPECT_EQ(Rows("SELECT Description FROM Item WHERE ItemID = " + n), expected) << i;
+    db_->OpenRecordset("INSERT INTO Family VALUES (" + std::to_string(100 + i) + ", 'F" + n + "')");
+  }
+  EXPECT_EQ(db_->Stats().prepared, before.prepared);
+  EXPECT_EQ(db_->Stats().executed, before.executed + 100);
+  EXPECT_EQ(Rows("SELECT COUNT(*) FROM Family WHERE FamilyID > 100 AND Name LIKE 'F%'"), "50");
+  EXPECT_EQ(Rows("SELECT Name FROM Family WHERE FamilyID = 137"), "F37");
+}
+
+TEST_F(SqlDialect, GetDateFollowsTheHostClock) {
+  db_->ExecuteScript("CREATE TABLE Stamp (At DATETIME)");
+  const host::Date first = host::MakeDate(2026, 11, 23, 14, 5, 7);
+  const host::Date second = host::MakeDate(2027, 1, 2, 3, 4, 5);
+  host::SetClockOverride(first);
+  db_->OpenRecordset("INSERT INTO Stamp (At) VALUES (GetDate())");
+  host::SetClockOverride(second);
+  db_->OpenRecordset("INSERT INTO Stamp (At) VALUES (GetDate())");
+  EXPECT_EQ(Rows("SELECT At FROM Stamp ORDER BY At"), "23-11-2026 14:05:07,02-01-2027 03:04:05");
+  EXPECT_EQ(Rows("SELECT COUNT(*) FROM Stamp WHERE At < GetDate()"), "1");
+  host::RecordsetPtr rs = db_->OpenRecordset("SELECT At FROM Stamp ORDER BY At");
+  EXPECT_EQ(rs->Fields("At"), host::Variant(first));
+}
+
+}  // namespace
+}  // namespace standalone
