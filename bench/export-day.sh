@@ -6,14 +6,24 @@
 #
 #   bench/export-day.sh [DOCS] [LINES]      (defaults 20000 and 3)
 #
+# With PREPARE_ONLY=DIR set, it only makes the POS database and settings in
+# DIR, so that a timing tool can run the export itself on copies of it:
+#   PREPARE_ONLY=/tmp/day bench/export-day.sh 20000 3
+#   cp -r /tmp/day /tmp/run && cd /tmp/run && lumaro --quiet export
+#
 # Needs a build in build/ (scripts/build) and the sqlite3 program.
 set -euo pipefail
 docs=${1:-20000}
 lines=${2:-3}
 root="$(cd "$(dirname "$0")/.." && pwd)"
 lumaro="$root/build/bin/lumaro"
-work="$(mktemp -d)"
-trap 'rm -rf "$work"' EXIT
+if [ -n "${PREPARE_ONLY:-}" ]; then
+  work="$PREPARE_ONLY"
+  mkdir -p "$work"
+else
+  work="$(mktemp -d)"
+  trap 'rm -rf "$work"' EXIT
+fi
 cd "$work"
 
 bench_prepare() {
@@ -50,6 +60,7 @@ SQL
 }
 
 bench_prepare
+[ -n "${PREPARE_ONLY:-}" ] && exit 0
 /usr/bin/time -f "export of $docs documents x $lines lines: %e s wall, %U s user, %M KiB peak" \
   "$lumaro" --quiet --now "2026-11-23 09:00:00" export
 ls -l exchange

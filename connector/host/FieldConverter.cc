@@ -1,6 +1,5 @@
 #include "connector/host/FieldConverter.h"
 
-#include <cstdio>
 
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
@@ -10,23 +9,31 @@ namespace {
 
 bool IsVoid(const Variant& value) { return value.IsNull() || value.IsEmpty(); }
 
+// Reads `count` digits at `at`; false when one is not a digit.
+bool Digits(const std::string& text, size_t at, size_t count, int& value) {
+  value = 0;
+  for (size_t i = at; i < at + count; ++i) {
+    if (text[i] < '0' || text[i] > '9') return false;
+    value = value * 10 + (text[i] - '0');
+  }
+  return true;
+}
+
 // A date as databases store it as text: "YYYY-MM-DD", optionally followed by
-// " HH:MM:SS" (or "T"). Returns false for any other text.
+// " HH:MM:SS" (or "T") and a fraction of a second, which is dropped. Returns
+// false for any other text.
 bool ParseStoredDate(const std::string& text, Date& out) {
   int y, mo, d, h = 0, mi = 0, s = 0;
-  char sep;
-  int consumed = 0;
-  if (std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &mo, &d, &consumed) != 3 || consumed != 10) {
+  if (text.size() < 10 || text[4] != '-' || text[7] != '-' || !Digits(text, 0, 4, y) ||
+      !Digits(text, 5, 2, mo) || !Digits(text, 8, 2, d)) {
     return false;
   }
   if (text.size() > 10) {
-    int more = 0;
-    if (std::sscanf(text.c_str() + 10, "%c%2d:%2d:%2d%n", &sep, &h, &mi, &s, &more) != 4 ||
-        (sep != ' ' && sep != 'T')) {
+    if (text.size() < 19 || (text[10] != ' ' && text[10] != 'T') || text[13] != ':' ||
+        text[16] != ':' || !Digits(text, 11, 2, h) || !Digits(text, 14, 2, mi) ||
+        !Digits(text, 17, 2, s) || (text.size() > 19 && text[19] != '.')) {
       return false;
     }
-    // Fractions of a second are dropped.
-    if (10 + static_cast<size_t>(more) < text.size() && text[10 + more] != '.') return false;
   }
   try {
     out = MakeDate(y, mo, d, h, mi, s);

@@ -1,5 +1,7 @@
 #include "connector/host/Recordset.h"
 
+#include <cctype>
+
 #include "connector/host/Error.h"
 #include "connector/host/RecordsetCriteria.h"
 #include "connector/host/Text.h"
@@ -9,13 +11,22 @@ namespace {
 
 // Column names are matched without regard to case. They are nearly always
 // plain ASCII, which takes the short way.
-std::string NameKey(std::string_view name) {
-  std::string key(name);
-  for (char& c : key) {
-    if (static_cast<unsigned char>(c) >= 0x80) return UCase(name);
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+bool IsAscii(std::string_view text) {
+  for (char c : text) {
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
   }
-  return key;
+  return true;
+}
+
+// Plain ASCII names, compared without regard to case.
+bool SameAsciiName(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (a[i] != b[i] && std::toupper(static_cast<unsigned char>(a[i])) !=
+                            std::toupper(static_cast<unsigned char>(b[i])))
+      return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -24,9 +35,8 @@ Recordset::Recordset() = default;
 
 Recordset::Recordset(std::vector<std::string> column_names, std::vector<Row> rows)
     : open_(true), names_(std::move(column_names)), rows_(std::move(rows)) {
-  for (size_t i = 0; i < names_.size(); ++i) {
-    index_by_upper_name_.emplace(NameKey(names_[i]), static_cast<int>(i));  // first wins
-  }
+  ascii_names_.reserve(names_.size());
+  for (const std::string& name : names_) ascii_names_.push_back(IsAscii(name));
   visible_.reserve(rows_.size());
   for (size_t i = 0; i < rows_.size(); ++i) visible_.push_back(i);
   position_ = 0;
@@ -99,8 +109,15 @@ const std::string& Recordset::FieldName(int index) const {
 bool Recordset::HasField(std::string_view name) const { return IndexOf(name) >= 0; }
 
 int Recordset::IndexOf(std::string_view name) const {
-  auto it = index_by_upper_name_.find(NameKey(name));
-  return it == index_by_upper_name_.end() ? -1 : it->second;
+  // The first column of that name wins, as in ADO. Column names are nearly
+  // always plain ASCII, which takes the short way.
+  bool ascii = IsAscii(name);
+  for (size_t i = 0; i < names_.size(); ++i) {
+    bool same = ascii && ascii_names_[i] ? SameAsciiName(names_[i], name)
+                                         : EqualsNoCase(names_[i], name);
+    if (same) return static_cast<int>(i);
+  }
+  return -1;
 }
 
 const Variant& Recordset::Fields(std::string_view name) const {

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "connector/host/Variant.h"
@@ -66,7 +65,7 @@ class Recordset {
 
   bool open_ = false;
   std::vector<std::string> names_;
-  std::unordered_map<std::string, int> index_by_upper_name_;
+  std::vector<bool> ascii_names_;  // whether each name is plain ASCII
   std::vector<Row> rows_;
   std::vector<size_t> visible_;  // row numbers that pass the filter
   std::string filter_;

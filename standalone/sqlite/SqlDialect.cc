@@ -1,5 +1,6 @@
 #include "standalone/sqlite/SqlDialect.h"
 
+#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
@@ -185,16 +186,16 @@ void TranslateTop(Tokens& tokens) {
   }
 }
 
-bool IsComparison(const SqlToken& token) {
+bool IsComparison(Kind kind, std::string_view text) {
   static constexpr std::string_view kComparisons[] = {"=", "==", "<>", "!=", "<", ">", "<=", ">="};
-  if (token.kind != Kind::kSymbol) return false;
+  if (kind != Kind::kSymbol) return false;
   for (std::string_view op : kComparisons) {
-    if (token.text == op) return true;
+    if (text == op) return true;
   }
   return false;
 }
 
-std::string UnquoteText(const std::string& literal) {
+std::string UnquoteText(std::string_view literal) {
   std::string value;
   for (size_t i = 1; i + 1 < literal.size(); ++i) {
     value += literal[i];
@@ -223,48 +224,94 @@ std::string TranslateToSqlite(std::string_view sql) {
   return JoinTokens(tokens);
 }
 
-ParameterizedSql Parameterize(std::string_view sqlite_sql) {
+namespace {
+
+// One pass over the text: its values taken out as parameters (for a data
+// statement), and whether it holds a form that SQLite lacks.
+ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
   ParameterizedSql result;
-  Tokens tokens = TokenizeSql(sqlite_sql);
-  size_t first = NextSignificant(tokens, 0);
-  bool is_dml = first < tokens.size() &&
-                (tokens[first].IsWord("SELECT") || tokens[first].IsWord("INSERT") ||
-                 tokens[first].IsWord("UPDATE") || tokens[first].IsWord("DELETE") ||
-                 tokens[first].IsWord("WITH"));
-  if (!is_dml) {
-    result.text = std::string(sqlite_sql);
-    return result;
-  }
+  needs_translation = false;
+  // The first word decides; only data statements take parameters.
+  bool decided = false;
+  bool is_dml = false;
   // For each open parenthesis: whether it opens a VALUES or IN list.
   std::vector<bool> list_context;
   // The depth at which VALUES stood: its rows "(...), (...)" are all lists.
   std::optional<size_t> values_depth;
-  const SqlToken* previous = nullptr;
-  for (SqlToken& token : tokens) {
-    if (token.IsBlank()) continue;
-    bool in_list = !list_context.empty() && list_context.back();
-    if (token.kind == Kind::kString) {
-      result.values.emplace_back(UnquoteText(token.text));
-      token.text = "?";
-    } else if (token.kind == Kind::kNumber && previous != nullptr &&
-               (IsComparison(*previous) ||
-                (in_list && (previous->IsSymbol("(") || previous->IsSymbol(","))))) {
-      result.values.push_back(NumberValue(token.text));
-      token.text = "?";
-    } else if (token.IsWord("VALUES")) {
-      values_depth = list_context.size();
-    } else if (token.IsSymbol("(")) {
-      bool opens_list = previous != nullptr &&
-                        (previous->IsWord("VALUES") || previous->IsWord("IN") ||
-                         (previous->IsSymbol(",") && values_depth == list_context.size()));
-      list_context.push_back(opens_list);
-    } else if (token.IsSymbol(")")) {
-      if (!list_context.empty()) list_context.pop_back();
+  Kind previous_kind = Kind::kBlank;
+  std::string_view previous;
+  auto previous_word = [&](std::string_view word) {
+    return previous_kind == Kind::kWord && SameWord(previous, word);
+  };
+  auto previous_symbol = [&](std::string_view symbol) {
+    return previous_kind == Kind::kSymbol && previous == symbol;
+  };
+  result.text.reserve(sql.size());
+  Kind kind;
+  for (size_t at = 0, end; at < sql.size(); at = end) {
+    end = NextToken(sql, at, kind);
+    std::string_view text = sql.substr(at, end - at);
+    if (kind == Kind::kBlank) {
+      result.text += text;
+      continue;
     }
-    previous = &token;
+    if (!decided) {
+      decided = true;
+      is_dml = kind == Kind::kWord &&
+               (SameWord(text, "SELECT") || SameWord(text, "INSERT") || SameWord(text, "UPDATE") ||
+                SameWord(text, "DELETE") || SameWord(text, "WITH"));
+    }
+    if (kind == Kind::kWord && (SameWord(text, "TOP") || SameWord(text, "dbo") ||
+                                SameWord(text, "DELETE") || SameWord(text, "TRUNCATE"))) {
+      needs_translation = true;
+    }
+    if (kind == Kind::kSymbol && text == "(" &&
+        (previous_word("Len") || previous_word("left") || previous_word("GetDate"))) {
+      needs_translation = true;
+    }
+    bool in_list = !list_context.empty() && list_context.back();
+    if (is_dml && kind == Kind::kString) {
+      result.values.emplace_back(UnquoteText(text));
+      result.text += '?';
+    } else if (is_dml && kind == Kind::kNumber && !previous.empty() &&
+               (IsComparison(previous_kind, previous) ||
+                (in_list && (previous_symbol("(") || previous_symbol(","))))) {
+      result.values.push_back(NumberValue(std::string(text)));
+      result.text += '?';
+    } else {
+      if (kind == Kind::kWord && SameWord(text, "VALUES")) {
+        values_depth = list_context.size();
+      } else if (kind == Kind::kSymbol && text == "(") {
+        bool opens_list = previous_word("VALUES") || previous_word("IN") ||
+                          (previous_symbol(",") && values_depth == list_context.size());
+        list_context.push_back(opens_list);
+      } else if (kind == Kind::kSymbol && text == ")") {
+        if (!list_context.empty()) list_context.pop_back();
+      }
+      result.text += text;
+    }
+    previous_kind = kind;
+    previous = text;
   }
-  result.text = JoinTokens(tokens);
+  if (!is_dml) {
+    result.text = std::string(sql);
+    result.values.clear();
+  }
   return result;
+}
+
+}  // namespace
+
+ParameterizedSql Parameterize(std::string_view sqlite_sql) {
+  bool needs_translation;
+  return ScanStatement(sqlite_sql, needs_translation);
+}
+
+ParameterizedSql PrepareForSqlite(std::string_view sql) {
+  bool needs_translation;
+  ParameterizedSql result = ScanStatement(sql, needs_translation);
+  if (!needs_translation) return result;
+  return Parameterize(TranslateToSqlite(sql));
 }
 
 }  // namespace standalone

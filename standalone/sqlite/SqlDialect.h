@@ -38,6 +38,10 @@ struct ParameterizedSql {
 // values.
 ParameterizedSql Parameterize(std::string_view sqlite_sql);
 
+// TranslateToSqlite, then Parameterize, in one pass over the text when it
+// needs no translation (as most statements).
+ParameterizedSql PrepareForSqlite(std::string_view sql);
+
 }  // namespace standalone
 
 #endif  // LUMARO_STANDALONE_SQLITE_SQL_DIALECT_H_

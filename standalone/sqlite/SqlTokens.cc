@@ -34,8 +34,8 @@ size_t QuotedEnd(std::string_view sql, size_t start, char close) {
 
 }  // namespace
 
-bool SqlToken::IsWord(std::string_view word) const {
-  if (kind != Kind::kWord || text.size() != word.size()) return false;
+bool SameWord(std::string_view text, std::string_view word) {
+  if (text.size() != word.size()) return false;
   for (size_t i = 0; i < word.size(); ++i) {
     if (std::toupper(static_cast<unsigned char>(text[i])) !=
         std::toupper(static_cast<unsigned char>(word[i])))
@@ -44,64 +44,80 @@ bool SqlToken::IsWord(std::string_view word) const {
   return true;
 }
 
+bool SqlToken::IsWord(std::string_view word) const {
+  return kind == Kind::kWord && SameWord(text, word);
+}
+
+size_t NextToken(std::string_view sql, size_t i, SqlToken::Kind& kind) {
+  char c = sql[i];
+  if (std::isspace(static_cast<unsigned char>(c))) {
+    size_t end = i;
+    while (end < sql.size() && std::isspace(static_cast<unsigned char>(sql[end]))) ++end;
+    kind = SqlToken::Kind::kBlank;
+    return end;
+  }
+  if (c == '-' && i + 1 < sql.size() && sql[i + 1] == '-') {
+    size_t end = sql.find('\n', i);
+    kind = SqlToken::Kind::kBlank;
+    return end == std::string_view::npos ? sql.size() : end;
+  }
+  if (c == '/' && i + 1 < sql.size() && sql[i + 1] == '*') {
+    size_t end = sql.find("*/", i + 2);
+    kind = SqlToken::Kind::kBlank;
+    return end == std::string_view::npos ? sql.size() : end + 2;
+  }
+  if (c == '\'') {
+    kind = SqlToken::Kind::kString;
+    return QuotedEnd(sql, i, '\'');
+  }
+  if (c == '"' || c == '[') {
+    kind = SqlToken::Kind::kIdentifier;
+    return QuotedEnd(sql, i, c == '"' ? '"' : ']');
+  }
+  if (IsDigit(c) || (c == '.' && i + 1 < sql.size() && IsDigit(sql[i + 1]))) {
+    size_t end = i;
+    while (end < sql.size() && (IsDigit(sql[end]) || sql[end] == '.')) ++end;
+    if (end < sql.size() && (sql[end] == 'e' || sql[end] == 'E')) {
+      size_t exp = end + 1;
+      if (exp < sql.size() && (sql[exp] == '+' || sql[exp] == '-')) ++exp;
+      if (exp < sql.size() && IsDigit(sql[exp])) {
+        end = exp;
+        while (end < sql.size() && IsDigit(sql[end])) ++end;
+      }
+    }
+    // A number glued to letters ("1st") is a word, not a number.
+    if (end < sql.size() && IsWordStart(sql[end])) {
+      while (end < sql.size() && IsWordPart(sql[end])) ++end;
+      kind = SqlToken::Kind::kWord;
+      return end;
+    }
+    kind = SqlToken::Kind::kNumber;
+    return end;
+  }
+  if (IsWordStart(c)) {
+    size_t end = i;
+    while (end < sql.size() && IsWordPart(sql[end])) ++end;
+    kind = SqlToken::Kind::kWord;
+    return end;
+  }
+  static constexpr std::string_view kTwoCharSymbols[] = {"<>", "<=", ">=", "!=", "||", "=="};
+  kind = SqlToken::Kind::kSymbol;
+  for (std::string_view symbol : kTwoCharSymbols) {
+    if (sql.substr(i, 2) == symbol) return i + 2;
+  }
+  return i + 1;
+}
+
 std::vector<SqlToken> TokenizeSql(std::string_view sql) {
   std::vector<SqlToken> tokens;
-  size_t i = 0;
-  auto push = [&](SqlToken::Kind kind, size_t end) {
-    tokens.push_back(SqlToken{kind, std::string(sql.substr(i, end - i))});
-    i = end;
-  };
-  while (i < sql.size()) {
-    char c = sql[i];
-    if (std::isspace(static_cast<unsigned char>(c))) {
-      size_t end = i;
-      while (end < sql.size() && std::isspace(static_cast<unsigned char>(sql[end]))) ++end;
-      push(SqlToken::Kind::kBlank, end);
-    } else if (c == '-' && i + 1 < sql.size() && sql[i + 1] == '-') {
-      size_t end = sql.find('\n', i);
-      push(SqlToken::Kind::kBlank, end == std::string_view::npos ? sql.size() : end);
-    } else if (c == '/' && i + 1 < sql.size() && sql[i + 1] == '*') {
-      size_t end = sql.find("*/", i + 2);
-      push(SqlToken::Kind::kBlank, end == std::string_view::npos ? sql.size() : end + 2);
-    } else if (c == '\'') {
-      push(SqlToken::Kind::kString, QuotedEnd(sql, i, '\''));
-    } else if (c == '"') {
-      push(SqlToken::Kind::kIdentifier, QuotedEnd(sql, i, '"'));
-    } else if (c == '[') {
-      push(SqlToken::Kind::kIdentifier, QuotedEnd(sql, i, ']'));
-    } else if (IsDigit(c) || (c == '.' && i + 1 < sql.size() && IsDigit(sql[i + 1]))) {
-      size_t end = i;
-      while (end < sql.size() && (IsDigit(sql[end]) || sql[end] == '.')) ++end;
-      if (end < sql.size() && (sql[end] == 'e' || sql[end] == 'E')) {
-        size_t exp = end + 1;
-        if (exp < sql.size() && (sql[exp] == '+' || sql[exp] == '-')) ++exp;
-        if (exp < sql.size() && IsDigit(sql[exp])) {
-          end = exp;
-          while (end < sql.size() && IsDigit(sql[end])) ++end;
-        }
-      }
-      // A number glued to letters ("1st") is a word, not a number.
-      if (end < sql.size() && IsWordStart(sql[end])) {
-        while (end < sql.size() && IsWordPart(sql[end])) ++end;
-        push(SqlToken::Kind::kWord, end);
-      } else {
-        push(SqlToken::Kind::kNumber, end);
-      }
-    } else if (IsWordStart(c)) {
-      size_t end = i;
-      while (end < sql.size() && IsWordPart(sql[end])) ++end;
-      push(SqlToken::Kind::kWord, end);
-    } else {
-      static constexpr std::string_view kTwoCharSymbols[] = {"<>", "<=", ">=", "!=", "||", "=="};
-      size_t end = i + 1;
-      for (std::string_view symbol : kTwoCharSymbols) {
-        if (sql.substr(i, 2) == symbol) end = i + 2;
-      }
-      push(SqlToken::Kind::kSymbol, end);
-    }
+  SqlToken::Kind kind;
+  for (size_t at = 0, end; at < sql.size(); at = end) {
+    end = NextToken(sql, at, kind);
+    tokens.push_back(SqlToken{kind, std::string(sql.substr(at, end - at))});
   }
   return tokens;
 }
+
 
 std::string JoinTokens(const std::vector<SqlToken>& tokens) {
   std::string text;

@@ -26,8 +26,17 @@ struct SqlToken {
   bool IsBlank() const { return kind == Kind::kBlank; }
 };
 
+// Whether a word's text is `word`, without regard to case.
+bool SameWord(std::string_view text, std::string_view word);
+
+// The token of the SQL text that starts at `start` (< sql.size()): sets
+// `kind` and returns where the token ends. Walking from 0 to the end token by
+// token gives every token in order, as views into the text.
+size_t NextToken(std::string_view sql, size_t start, SqlToken::Kind& kind);
+
 // Splits SQL text into tokens; joining their texts gives the input back.
 std::vector<SqlToken> TokenizeSql(std::string_view sql);
+
 
 std::string JoinTokens(const std::vector<SqlToken>& tokens);
 

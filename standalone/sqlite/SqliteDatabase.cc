@@ -241,8 +241,7 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
   RequireOpen();
   if (observer_) observer_(sql);
   ++stats_.executed;
-  std::string translated = TranslateToSqlite(sql);
-  ParameterizedSql parameterized = Parameterize(translated);
+  ParameterizedSql parameterized = PrepareForSqlite(sql);
   bool failed = false;
   sqlite3_stmt* statement = Prepared(parameterized.text, failed);
   if (!failed && statement != nullptr) {
@@ -253,6 +252,7 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
   }
   // The text as it stands, when its values could not be taken out, or when
   // it holds several statements.
+  std::string translated = TranslateToSqlite(sql);
   const char* rest = translated.c_str();
   host::RecordsetPtr result = std::make_shared<host::Recordset>();
   while (rest != nullptr && *rest != '\0') {
