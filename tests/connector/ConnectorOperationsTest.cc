@@ -1,10 +1,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "connector/LumaroConnector.h"
 #include "connector/LumaroConnectorSetting.h"
+#include "connector/ModConnectorLumaro.h"
+#include "connector/host/KeyDictionary.h"
 #include "gtest/gtest.h"
 #include "settingsui/SettingsRules.h"
 #include "tests/support/TestHost.h"
@@ -13,7 +16,7 @@ namespace lumaro {
 namespace {
 
 constexpr char kDocument[] =
-    "<LumaroConnectorSetting ImportExportPath=\"/troca\" TillID=\"3\" SQLUserName=\"sa\">"
+    "<LumaroConnectorSetting ImportExportPath=\"/troca/O'Neil &amp; Conceição\" TillID=\"3\">"
     "<Workstations><Workstation LumaroWorkstationID=\"01\" WorkstationList=\"1\" Active=\"1\"/>"
     "</Workstations></LumaroConnectorSetting>";
 
@@ -33,114 +36,110 @@ class ConnectorOperations : public ::testing::Test {
   LumaroConnector connector_{test_host_.Host()};
 };
 
-TEST_F(ConnectorOperations, FixedAnswers) {
-  EXPECT_EQ(connector_.ConnectorID(), "Orbiva.Vendara.Connector.Lumaro");
-  EXPECT_EQ(connector_.Description(), "Integrador Orbiva Lumaro");
-  EXPECT_EQ(connector_.FunctionalLevel(), "SQL10");
-  EXPECT_TRUE(connector_.HasUISetting());
-  EXPECT_TRUE(connector_.HasUITrace());
-  EXPECT_TRUE(connector_.HandleImportExport());
-  EXPECT_TRUE(connector_.HandleReExport());
-  EXPECT_TRUE(connector_.Init());
-  EXPECT_FALSE(connector_.Save());
+// The identity answers are in the lumaro program's "info" test.
+TEST_F(ConnectorOperations, OperationsWithoutEffect) {
+  auto notifier = std::make_shared<testsupport::RecordingNotifier>();
+  connector_.SetEventNotifier(notifier);
+  connector_.Execute();
+  connector_.ResetData();
+  EXPECT_EQ(StoredText(), std::nullopt);
   ASSERT_TRUE(connector_.LoadDefaults(kDocument));
   std::optional<std::string> stored = StoredText();
   EXPECT_FALSE(connector_.Save());
   EXPECT_EQ(StoredText(), stored);
-}
-
-TEST_F(ConnectorOperations, VersionIsMajorThenMinorAndRevisionOnTwoDigits) {
-  EXPECT_EQ(connector_.Version(), "2.00.01");  // the build's version is 2.0.1
-}
-
-TEST_F(ConnectorOperations, ExecuteResetDataAndDisposeHaveNoEffectInAnyState) {
-  auto notifier = std::make_shared<testsupport::RecordingNotifier>();
-  for (bool with_notifier : {false, true}) {
-    SCOPED_TRACE(with_notifier ? "with notifier" : "without notifier");
-    if (with_notifier) connector_.SetEventNotifier(notifier);
-    EXPECT_NO_THROW(connector_.Execute());
-    EXPECT_NO_THROW(connector_.ResetData());
-    EXPECT_EQ(connector_.HasEventNotifier(), with_notifier);
-    EXPECT_NO_THROW(connector_.Dispose());
-    EXPECT_NO_THROW(connector_.Dispose());
-    EXPECT_FALSE(connector_.HasEventNotifier());
-    EXPECT_NO_THROW(connector_.Execute());
-    EXPECT_NO_THROW(connector_.ResetData());
-  }
-  EXPECT_EQ(StoredText(), std::nullopt);
-  EXPECT_TRUE(notifier->progress.empty());
-  EXPECT_TRUE(notifier->details.empty());
+  EXPECT_TRUE(connector_.HasEventNotifier());
+  connector_.Dispose();
+  connector_.Dispose();
+  EXPECT_FALSE(connector_.HasEventNotifier());
+  connector_.Execute();
+  EXPECT_TRUE(notifier->progress.empty() && notifier->details.empty());
   EXPECT_TRUE(test_host_.UI().boxes.empty());
 }
 
-TEST_F(ConnectorOperations, LoadDefaultsStoresWhatTheDocumentMakes) {
-  struct Case {
-    std::string text;
-    const char* path;
-    int32_t till;
-    int workstations;
-  };
-  // In this order, each case replaces what the one before stored.
-  const Case cases[] = {{"  " + std::string(kDocument) + "   ", "/troca", 3, 1},
-                        {"ceci n'est pas du XML", "", 0, 0},  // the still empty setting
-                        {kDocument, "/troca", 3, 1}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    EXPECT_TRUE(connector_.LoadDefaults(c.text));
-    LumaroConnectorSetting stored = Stored();
-    EXPECT_EQ(stored.ImportExportPath, c.path);
-    EXPECT_EQ(stored.TillID, c.till);
-    ASSERT_EQ(stored.LumaroWorkstationCount(), c.workstations);
-    if (c.workstations == 1) {
-      EXPECT_EQ(stored.Workstation(1).LumaroWorkstationID, "01");
-      EXPECT_TRUE(stored.Workstation(1).Active);
-    }
-  }
-  EXPECT_TRUE(test_host_.UI().boxes.empty());
-}
-
-TEST_F(ConnectorOperations, DeleteRemovesTheStoredSettings) {
-  EXPECT_TRUE(connector_.Delete());  // nothing stored: still True
-  ASSERT_TRUE(connector_.LoadDefaults(kDocument));
-  ASSERT_TRUE(StoredText().has_value());
-  EXPECT_TRUE(connector_.Delete());
-  EXPECT_EQ(StoredText(), std::nullopt);
-}
-
-TEST_F(ConnectorOperations, ValidateSettingsReadsTheStoreAndShowsNothing) {
+// The lumaro program's settings tests load, validate and delete through the
+// connector; here what they do not show.
+TEST_F(ConnectorOperations, LoadDefaultsValidateAndDeleteWorkOnTheStoreQuietly) {
   EXPECT_FALSE(connector_.ValidateSettings());  // nothing stored
-  ASSERT_TRUE(connector_.LoadDefaults(kDocument));
+  EXPECT_TRUE(connector_.Delete());             // nothing stored: still True
+  ASSERT_TRUE(connector_.LoadDefaults("  " + std::string(kDocument) + "   "));
+  LumaroConnectorSetting stored = Stored();
+  EXPECT_EQ(stored.ImportExportPath, "/troca/O'Neil & Conceição");
+  EXPECT_EQ(stored.TillID, 3);
+  ASSERT_EQ(stored.LumaroWorkstationCount(), 1);
+  EXPECT_EQ(stored.Workstation(1).LumaroWorkstationID, "01");
   EXPECT_TRUE(connector_.ValidateSettings());
   ASSERT_TRUE(connector_.LoadDefaults("<LumaroConnectorSetting TillID=\"3\"/>"));
   EXPECT_FALSE(connector_.ValidateSettings());
   EXPECT_TRUE(test_host_.UI().boxes.empty());
 }
 
-TEST_F(ConnectorOperations, SignatureIsTheHostSignersSignature) {
+TEST_F(ConnectorOperations, SignatureConfigAndShowTraceUseTheHost) {
   std::string signature = connector_.Signature("ETpv 01 0000042.txt");
-  EXPECT_FALSE(signature.empty());
   EXPECT_EQ(signature, test_host_.Host().NewTextSigner()->Sign("ETpv 01 0000042.txt"));
   EXPECT_NE(connector_.Signature("ETpv 01 0000043.txt"), signature);
-}
-
-TEST_F(ConnectorOperations, ConfigAndShowTraceOpenTheirForms) {
   EXPECT_FALSE(connector_.Config());  // the person saved nothing
   connector_.ShowTrace();
   EXPECT_EQ(test_host_.UI().forms, (std::vector<std::string>{"frmSettings", "frmLumaroLog"}));
 }
 
+// The module's cache of the last currency read.
+class ConnectorModule : public ConnectorOperations {
+ protected:
+  void TearDown() override { test_host_.Db().SetStatementObserver(nullptr); }
+};
+
+TEST_F(ConnectorModule, CurrencyCacheHoldsOneEntryAndAnUnknownIdEmptiesIt) {
+  test_host_.Exec(
+      "INSERT INTO Currency (CurrencyID, CurrencyKey, ExportCode, SaleExchange) "
+      "VALUES ('USD', 'USD', 2, 1.25)");
+  int loads = 0;
+  test_host_.Db().SetStatementObserver([&](std::string_view sql) {
+    if (sql.find("FROM Currency") != std::string_view::npos) ++loads;
+  });
+  // The first call for the empty id, and the first after the cache was
+  // emptied, find the new, empty entry of the cache without a load.
+  struct Call {
+    const char* id;
+    int32_t export_code;
+    int loads;
+  };
+  for (const Call& call : {Call{"", 0, 0}, Call{"EUR", 1, 1}, Call{"EUR", 1, 1}, Call{"USD", 2, 2},
+                           Call{"EUR", 1, 3}, Call{"XYZ", -1, 4}, Call{"", 0, 4}}) {
+    std::shared_ptr<host::Currency> currency = ModConnectorLumaro::GetCurrency(call.id);
+    EXPECT_EQ(loads, call.loads) << call.id;
+    if (call.export_code < 0) {
+      EXPECT_EQ(currency, nullptr);
+      continue;
+    }
+    ASSERT_NE(currency, nullptr) << call.id;
+    EXPECT_EQ(currency->CurrencyID, call.id);
+    EXPECT_EQ(currency->ExportCode, call.export_code);
+  }
+  EXPECT_DOUBLE_EQ(ModConnectorLumaro::GetCurrency("USD")->Exchange, 1.25);
+}
+
+// The run's key caches rely on this: a key once cached keeps its value.
+TEST(KeyDictionaryAdd, ExistingKeyKeepsTheFirstValueUnlessReplaceIsAsked) {
+  host::KeyDictionary dictionary;
+  dictionary.Add(host::Variant(int32_t{10}), "Customer|C1");
+  dictionary.Add(host::Variant(int32_t{20}), "Customer|C1");
+  EXPECT_EQ(dictionary.Item("Customer|C1"), host::Variant(int32_t{10}));
+  dictionary.Add(host::Variant("novo"), "Customer|C1", true);
+  EXPECT_EQ(dictionary.Item("Customer|C1"), host::Variant("novo"));
+  EXPECT_FALSE(dictionary.Exists("Customer|c1"));
+  EXPECT_TRUE(dictionary.Item("Customer|C2").IsEmpty());
+  EXPECT_FALSE(dictionary.Exists("Customer|C2"));  // reading adds nothing
+}
+
 class SettingsValidation : public ConnectorOperations {};
 
+// Entries are {Active, LumaroWorkstationID, WorkstationList, LastExportNumber,
+// TransSerial}.
 TEST_F(SettingsValidation, RulesAndTheirMessages) {
-  struct Entry {
-    const char* id;
-    const char* list;
-    bool active;
-  };
   struct Case {
     const char* path;
     int32_t till;
-    std::vector<Entry> entries;
+    std::vector<Workstation> entries;
     bool valid;
     std::vector<std::string> messages;
   };
@@ -148,14 +147,16 @@ TEST_F(SettingsValidation, RulesAndTheirMessages) {
   const std::string c01 = "O posto com o código 01", c03 = "O posto com o código 03";
   // clang-format off
   const Case cases[] = {
-      {"/troca", 3, {{"01", "1,2", true}, {"02", "", false}}, true, {}},
+      {"/troca", 3, {{true, "01", "1,2", 0, ""}, {false, "02", "", 0, ""}}, true, {}},
       {"", 0, {}, false, {"Tem que indicar a pasta de importação dos dados."}},
       {"/troca", 0, {}, false, {"Tem que definir quais os postos a utilizar."}},
-      {"/troca", 0, {{"01", "1", true}}, false, {"Não foi indicada qual a caixa a utilizar"}},
-      {"/troca", 3, {{"01", "", true}, {"02", "2", true}, {"03", "", true}}, false,
-       {c01 + no_list, c03 + no_list}},
-      {"/troca", 3, {{"01", "", true}, {"02", "", false}}, false, {c01 + no_list}},
-      {"/troca", 3, {{"01", "1", false}, {"02", "2", false}}, false, {"Não tem nenhum posto activo."}},
+      {"/troca", 0, {{true, "01", "1", 0, ""}}, false,
+       {"Não foi indicada qual a caixa a utilizar"}},
+      {"/troca", 3, {{true, "01", "", 0, ""}, {true, "02", "2", 0, ""}, {true, "03", "", 0, ""}},
+       false, {c01 + no_list, c03 + no_list}},
+      {"/troca", 3, {{true, "01", "", 0, ""}, {false, "02", "", 0, ""}}, false, {c01 + no_list}},
+      {"/troca", 3, {{false, "01", "1", 0, ""}, {false, "02", "2", 0, ""}}, false,
+       {"Não tem nenhum posto activo."}},
   };
   // clang-format on
   testsupport::RecordingUI& ui = test_host_.UI();
@@ -168,11 +169,7 @@ TEST_F(SettingsValidation, RulesAndTheirMessages) {
     setting.ImportExportPath = c.path;
     setting.TillID = c.till;
     for (size_t e = 0; e < c.entries.size(); ++e) {
-      Workstation entry;
-      entry.LumaroWorkstationID = c.entries[e].id;
-      entry.WorkstationList = c.entries[e].list;
-      entry.Active = c.entries[e].active;
-      setting.SetWorkstation(static_cast<int>(e) + 1, entry);
+      setting.SetWorkstation(static_cast<int>(e) + 1, c.entries[e]);
     }
     ui.boxes.clear();
     EXPECT_EQ(ValidateSettings(setting, true), c.valid);

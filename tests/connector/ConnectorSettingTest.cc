@@ -1,7 +1,6 @@
+#include <functional>
 #include <pugixml.hpp>
-#include <set>
 #include <string>
-#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "connector/LumaroConnectorSetting.h"
 #include "connector/host/Regional.h"
 #include "gtest/gtest.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/support/TestHost.h"
 
 namespace lumaro {
@@ -21,16 +21,8 @@ std::vector<std::string> AttributeNames(const pugi::xml_node& node) {
   return names;
 }
 
-Workstation Entry(const char* id, const char* serial, const char* list, int32_t number,
-                  bool active) {
-  Workstation entry;
-  entry.LumaroWorkstationID = id;
-  entry.TransSerial = serial;
-  entry.WorkstationList = list;
-  entry.LastExportNumber = number;
-  entry.Active = active;
-  return entry;
-}
+// A Workstation is {Active, LumaroWorkstationID, WorkstationList,
+// LastExportNumber, TransSerial}.
 
 // Every member set, texts with characters that XML must escape.
 LumaroConnectorSetting FullSetting() {
@@ -53,9 +45,9 @@ LumaroConnectorSetting FullSetting() {
   setting.InitializePriceLine = "4;5";
   setting.InitializeDocument = "10;11";
   setting.TillID = 3;
-  setting.SetWorkstation(1, Entry("01", "S1", "1,2", 41, true));
-  setting.SetWorkstation(2, Entry("02", "S&2", "", 0, false));
-  setting.SetWorkstation(3, Entry("ç3", "S3", "3", 2147483647, true));
+  setting.SetWorkstation(1, Workstation{true, "01", "1,2", 41, "S1"});
+  setting.SetWorkstation(2, Workstation{false, "02", "", 0, "S&2"});
+  setting.SetWorkstation(3, Workstation{true, "ç3", "3", 2147483647, "S3"});
   return setting;
 }
 
@@ -109,21 +101,14 @@ TEST_F(ConnectorSettingDocument, NewObjectWritesEveryAttributeInOrderWithEmptyVa
       "InitializeZone",      "InitializeSalesman", "InitializeFamily",  "InitializeFamilyLevel",
       "InitializePriceLine", "InitializeDocument"};
   EXPECT_EQ(AttributeNames(root), expected);
-  const std::set<std::string> numbers = {"LumaroDelegationID", "LastImportNumber", "TillID",
-                                         "SQLCompanyYear", "SQLAuthentication"};
-  for (const pugi::xml_attribute& attribute : root.attributes()) {
-    if (std::string_view(attribute.name()) == "SQLPassword") continue;
-    EXPECT_EQ(attribute.value(), std::string(numbers.contains(attribute.name()) ? "0" : ""))
-        << attribute.name();
-  }
+  EXPECT_STREQ(root.attribute("TillID").value(), "0");
+  EXPECT_STREQ(root.attribute("SQLUserName").value(), "");
   EXPECT_EQ(Crypto().Decrypt(root.attribute("SQLPassword").value()), "");
-  pugi::xml_node list = root.first_child();
-  EXPECT_STREQ(list.name(), "Workstations");
-  EXPECT_TRUE(list.first_child().empty());
-  EXPECT_TRUE(list.next_sibling().empty());
+  EXPECT_STREQ(root.first_child().name(), "Workstations");
+  EXPECT_TRUE(root.first_child().first_child().empty());
 }
 
-TEST_F(ConnectorSettingDocument, FullObjectRoundTripsMemberForMember) {
+TEST_F(ConnectorSettingDocument, FullObjectRoundTripsWithThePasswordEncrypted) {
   LumaroConnectorSetting original = FullSetting();
   std::string xml = original.ToXML();
   LumaroConnectorSetting copy;
@@ -132,51 +117,60 @@ TEST_F(ConnectorSettingDocument, FullObjectRoundTripsMemberForMember) {
 
   pugi::xml_document document;
   ASSERT_TRUE(document.load_string(xml.c_str()));
-  const std::vector<std::string> expected = {"LumaroWorkstationID", "TransSerial",
-                                             "WorkstationList", "LastExportNumber", "Active"};
-  std::vector<std::string> ids, flags;
+  EXPECT_EQ(xml.find("s3gr"), std::string::npos);
+  EXPECT_EQ(Crypto().Decrypt(document.document_element().attribute("SQLPassword").value()),
+            original.SQLPassword);
+  // The workstations' attribute order is in the lumaro program's settings test.
+  std::vector<std::string> flags;
   for (pugi::xml_node node : document.document_element().child("Workstations").children()) {
-    EXPECT_STREQ(node.name(), "Workstation");
-    EXPECT_EQ(AttributeNames(node), expected);
-    ids.emplace_back(node.attribute("LumaroWorkstationID").value());
     flags.emplace_back(node.attribute("Active").value());
   }
-  EXPECT_EQ(ids, (std::vector<std::string>{"01", "02", "ç3"}));
   EXPECT_EQ(flags, (std::vector<std::string>{"1", "0", "1"}));
 }
 
-TEST_F(ConnectorSettingDocument, StoredPasswordIsEncryptedAndDecryptsBack) {
-  LumaroConnectorSetting setting = FullSetting();
-  std::string xml = setting.ToXML();
-  EXPECT_EQ(xml.find("s3gr"), std::string::npos);
-  pugi::xml_document document;
-  ASSERT_TRUE(document.load_string(xml.c_str()));
-  std::string stored = document.document_element().attribute("SQLPassword").value();
-  EXPECT_NE(stored, setting.SQLPassword);
-  EXPECT_EQ(Crypto().Decrypt(stored), setting.SQLPassword);
-}
-
-TEST_F(ConnectorSettingDocument, TextThatIsNotXmlChangesNothing) {
-  for (const char* text : {"", "not xml", "<LumaroConnectorSetting TillID=\"9\"", "<a></b>"}) {
-    SCOPED_TRACE(text);
+// What reading a document leaves of a setting whose every member was set.
+TEST_F(ConnectorSettingDocument, ReadingKeepsWhatTheDocumentDoesNotSay) {
+  struct Case {
+    std::string xml;
+    std::function<void(LumaroConnectorSetting&)> change;  // from FullSetting
+  };
+  const Case cases[] = {
+      {"not xml", [](LumaroConnectorSetting&) {}},
+      {"<LumaroConnectorSetting TillID=\"9\"", [](LumaroConnectorSetting&) {}},
+      // Missing attributes keep their members; a missing child clears the list.
+      {"<LumaroConnectorSetting ImportExportPath=\"/outra\"/>",
+       [](LumaroConnectorSetting& s) {
+         s.ImportExportPath = "/outra";
+         s.ClearWorkstations();
+       }},
+      // An attribute that cannot be read is skipped and the rest still reads.
+      {"<LumaroConnectorSetting LastImportNumber=\"doze\" TillID=\"x\" SQLCompanyYear=\"70000\" "
+       "SQLPassword=\"não cifrada\" LumaroDelegationID=\"9\"><Workstations><Workstation "
+       "LumaroWorkstationID=\"05\" LastExportNumber=\"muitos\" Active=\"sim\" "
+       "TransSerial=\"S5\"/></Workstations></LumaroConnectorSetting>",
+       [](LumaroConnectorSetting& s) {
+         s.LumaroDelegationID = 9;  // read after the password that failed
+         s.ClearWorkstations();
+         s.SetWorkstation(1, Workstation{false, "05", "", 0, "S5"});
+       }},
+      // The first child holds the list, whatever its name and theirs.
+      {"<LumaroConnectorSetting>\n <Postos>\n  <P LumaroWorkstationID=\"A\" WorkstationList=\"1\" "
+       "Active=\"1\"/>\n  <Q LumaroWorkstationID=\"B\"/>\n </Postos>\n <Workstations>"
+       "<Workstation LumaroWorkstationID=\"C\"/></Workstations>\n</LumaroConnectorSetting>",
+       [](LumaroConnectorSetting& s) {
+         s.ClearWorkstations();
+         s.SetWorkstation(1, Workstation{true, "A", "1", 0, ""});
+         s.SetWorkstation(2, Workstation{false, "B", "", 0, ""});
+       }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.xml);
     LumaroConnectorSetting setting = FullSetting();
-    setting.FromXML(text);
+    setting.FromXML(c.xml);
     LumaroConnectorSetting want = FullSetting();
+    c.change(want);
     ExpectSameSettings(setting, want);
   }
-}
-
-TEST_F(ConnectorSettingDocument, MissingAttributesKeepMembersAndMissingChildClearsList) {
-  LumaroConnectorSetting setting = FullSetting();
-  setting.FromXML("<LumaroConnectorSetting ImportExportPath=\"/outra\" SQLCompanyYear=\"2025\"/>");
-  EXPECT_EQ(setting.ImportExportPath, "/outra");
-  EXPECT_EQ(setting.SQLCompanyYear, 2025);
-  EXPECT_EQ(setting.LumaroWorkstationCount(), 0);
-  LumaroConnectorSetting want = FullSetting();
-  want.ImportExportPath = "/outra";
-  want.SQLCompanyYear = 2025;
-  want.ClearWorkstations();
-  ExpectSameSettings(setting, want);  // password, TillID and the rest as they were
 }
 
 TEST_F(ConnectorSettingDocument, NumbersReadWithCommaWhateverTheRegionalSettings) {
@@ -185,22 +179,20 @@ TEST_F(ConnectorSettingDocument, NumbersReadWithCommaWhateverTheRegionalSettings
     int32_t number;  // TillID, LastExportNumber
     bool active;
   };
-  const Case cases[] = {{"0", 0, false},  {"1", 1, true},   {"-1", -1, true},  {"2,5", 2, true},
-                        {"3,6", 4, true}, {"3,5", 4, true}, {"0,0", 0, false}, {"0,4", 0, true}};
-  host::RegionalSettings english;
-  english.decimal_separator = ".";
-  english.group_separator = ",";
-  for (const host::RegionalSettings& regional : {host::RegionalSettings::Portuguese(), english}) {
+  const Case cases[] = {
+      {"0", 0, false}, {"-1", -1, true}, {"2,5", 2, true}, {"3,5", 4, true}, {"0,4", 0, true}};
+  for (const host::RegionalSettings& regional :
+       {host::RegionalSettings::Portuguese(), host::IsoSettings()}) {
     host::ScopedRegional scoped(regional);
     for (const Case& c : cases) {
       SCOPED_TRACE(std::string(c.text) + " with separator " + regional.decimal_separator);
       std::string value = std::string("\"") + c.text + "\"";
       LumaroConnectorSetting setting;
-      setting.FromXML("<LumaroConnectorSetting TillID=" + value + " SQLAuthentication=" + value +
-                      "><W><Workstation LastExportNumber=" + value + " Active=" + value +
-                      "/></W></LumaroConnectorSetting>");
+      setting.FromXML("<LumaroConnectorSetting TillID=" + value +
+                      "><W><Workstation "
+                      "LastExportNumber=" +
+                      value + " Active=" + value + "/></W></LumaroConnectorSetting>");
       EXPECT_EQ(setting.TillID, c.number);
-      EXPECT_EQ(setting.SQLAuthentication, c.number);
       ASSERT_EQ(setting.LumaroWorkstationCount(), 1);
       EXPECT_EQ(setting.Workstation(1).LastExportNumber, c.number);
       EXPECT_EQ(setting.Workstation(1).Active, c.active);
@@ -208,51 +200,15 @@ TEST_F(ConnectorSettingDocument, NumbersReadWithCommaWhateverTheRegionalSettings
   }
 }
 
-TEST_F(ConnectorSettingDocument, UnreadableAttributeIsSkippedAndTheRestStillReads) {
-  LumaroConnectorSetting setting = FullSetting();
-  setting.FromXML(
-      "<LumaroConnectorSetting ImportExportPath=\"/nova\" LastImportNumber=\"doze\" TillID=\"x\" "
-      "SQLCompanyYear=\"70000\" SQLUserName=\"novo\" SQLPassword=\"não cifrada\" "
-      "LumaroDelegationID=\"9\" InitializeDocument=\"12\"><Workstations>"
-      "<Workstation LumaroWorkstationID=\"05\" LastExportNumber=\"muitos\" Active=\"sim\" "
-      "TransSerial=\"S5\"/></Workstations></LumaroConnectorSetting>");
-  LumaroConnectorSetting want = FullSetting();
-  want.ImportExportPath = "/nova";
-  want.SQLUserName = "novo";
-  want.LumaroDelegationID = 9;  // read after the password that failed
-  want.InitializeDocument = "12";
-  want.ClearWorkstations();
-  want.SetWorkstation(1, Entry("05", "S5", "", 0, false));
-  ExpectSameSettings(setting, want);
-}
-
-TEST_F(ConnectorSettingDocument, FirstChildWhateverItsNameHoldsTheList) {
-  LumaroConnectorSetting setting = FullSetting();
-  setting.FromXML(
-      "<LumaroConnectorSetting>\n"
-      "  <Postos>\n"
-      "    <P LumaroWorkstationID=\"A\" WorkstationList=\"1\" Active=\"1\"/>\n"
-      "    <Q LumaroWorkstationID=\"B\"/>\n"
-      "  </Postos>\n"
-      "  <Workstations><Workstation LumaroWorkstationID=\"C\"/></Workstations>\n"
-      "</LumaroConnectorSetting>");
-  EXPECT_EQ(List(setting), (std::vector<EntryFields>{Fields(Entry("A", "", "1", 0, true)),
-                                                     Fields(Entry("B", "", "", 0, false))}));
-}
-
 TEST_F(ConnectorSettingDocument, ReadingPastTheEndGrowsTheListAndClearEmptiesIt) {
   LumaroConnectorSetting setting;
-  setting.SetWorkstation(1, Entry("01", "S1", "1", 4, true));
-  setting.SetWorkstation(2, Entry("02", "S2", "2", 5, true));
-  ASSERT_EQ(setting.LumaroWorkstationCount(), 2);
-  EXPECT_EQ(Fields(setting.Workstation(5)), Fields(Workstation{}));
-  const EntryFields empty = Fields(Workstation{});
-  EXPECT_EQ(List(setting), (std::vector<EntryFields>{Fields(Entry("01", "S1", "1", 4, true)),
-                                                     Fields(Entry("02", "S2", "2", 5, true)), empty,
-                                                     empty, empty}));
+  setting.SetWorkstation(1, Workstation{true, "01", "1", 4, "S1"});
+  EXPECT_EQ(Fields(setting.Workstation(3)), Fields(Workstation{}));
+  EXPECT_EQ(List(setting),
+            (std::vector<EntryFields>{Fields(Workstation{true, "01", "1", 4, "S1"}),
+                                      Fields(Workstation{}), Fields(Workstation{})}));
   setting.ClearWorkstations();
   EXPECT_EQ(setting.LumaroWorkstationCount(), 0);
-  EXPECT_EQ(Fields(setting.Workstation(1)), empty);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "connector/LumaroConnector.h"
@@ -25,10 +26,7 @@ std::set<std::string> FolderContents(const std::string& folder) {
 // The start of a run as the connector's three exchange operations make it.
 class ExchangeRunStart : public ::testing::Test {
  protected:
-  struct Operation {
-    const char* name;
-    std::function<void(LumaroConnector&)> run;
-  };
+  using Operation = std::pair<const char*, std::function<void(LumaroConnector&)>>;
 
   void SetUp() override { connector_.SetEventNotifier(notifier_); }
 
@@ -47,20 +45,13 @@ class ExchangeRunStart : public ::testing::Test {
     return test_host_.Host().Settings().StoredText("Orbiva.Vendara.Connector", "Lumaro");
   }
 
-  // Settings whose exchange folder does not exist, with two entries of the
-  // given state: an active one would meet the missing folder and say so.
-  std::string TwoEntries(bool active) {
-    std::string flag = active ? "1" : "0";
+  // Settings with two inactive entries whose exchange folder does not
+  // exist: an active one would meet the missing folder and say so.
+  std::string InactiveEntries() {
     return "<LumaroConnectorSetting ImportExportPath=\"" + test_host_.Folder().File("nao-existe") +
            "\" TillID=\"3\"><Workstations>"
-           "<Workstation LumaroWorkstationID=\"01\" TransSerial=\"S1\" WorkstationList=\"1\" "
-           "LastExportNumber=\"5\" Active=\"" +
-           flag +
-           "\"/>"
-           "<Workstation LumaroWorkstationID=\"02\" TransSerial=\"S2\" WorkstationList=\"2\" "
-           "LastExportNumber=\"7\" Active=\"" +
-           flag +
-           "\"/>"
+           "<Workstation LumaroWorkstationID=\"01\" WorkstationList=\"1\" Active=\"0\"/>"
+           "<Workstation LumaroWorkstationID=\"02\" WorkstationList=\"2\" Active=\"0\"/>"
            "</Workstations></LumaroConnectorSetting>";
   }
 
@@ -74,9 +65,9 @@ TEST_F(ExchangeRunStart, WithoutSettingsEveryRunReturnsAtOnce) {
   std::vector<std::string> statements;
   test_host_.Db().SetStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
   std::set<std::string> files = FolderContents(test_host_.Folder().Path());
-  for (const Operation& operation : Operations()) {
-    SCOPED_TRACE(operation.name);
-    EXPECT_NO_THROW(operation.run(connector_));
+  for (const auto& [name, run] : Operations()) {
+    SCOPED_TRACE(name);
+    EXPECT_NO_THROW(run(connector_));
   }
   test_host_.Db().SetStatementObserver(nullptr);
 
@@ -87,48 +78,25 @@ TEST_F(ExchangeRunStart, WithoutSettingsEveryRunReturnsAtOnce) {
   EXPECT_EQ(StoredText(), std::nullopt);
   EXPECT_EQ(FolderContents(test_host_.Folder().Path()), files);
   EXPECT_TRUE(test_host_.UI().boxes.empty());
-  EXPECT_TRUE(notifier_->progress.empty());
-  EXPECT_TRUE(notifier_->details.empty());
-  EXPECT_TRUE(notifier_->messages.empty());
+  EXPECT_TRUE(notifier_->progress.empty() && notifier_->details.empty());
 }
 
-TEST_F(ExchangeRunStart, EveryRunMakesTheLogTableWithItsIndex) {
-  ASSERT_TRUE(connector_.LoadDefaults(TwoEntries(false)));
-  for (const Operation& operation : Operations()) {
-    SCOPED_TRACE(operation.name);
-    test_host_.Exec("DROP TABLE IF EXISTS LumaroLog");
-    ASSERT_FALSE(LogTableExists());
-    operation.run(connector_);
-    EXPECT_TRUE(LogTableExists());
-    EXPECT_EQ(
-        test_host_.Scalar("SELECT group_concat(name, ',') FROM "
-                          "(SELECT name FROM pragma_index_info('LumaroLog_IDX') ORDER BY seqno)"),
-        "WorkstationID,Filename");
-    EXPECT_EQ(test_host_.Scalar("SELECT tbl_name FROM sqlite_master WHERE type='index' AND "
-                                "name='LumaroLog_IDX'"),
-              "LumaroLog");
-  }
-}
-
-TEST_F(ExchangeRunStart, OnlyInactiveEntriesWriteNothingAndSaveNothing) {
-  ASSERT_TRUE(connector_.LoadDefaults(TwoEntries(false)));
+TEST_F(ExchangeRunStart, OnlyInactiveEntriesMakeTheLogTableAndWriteAndSaveNothing) {
+  ASSERT_TRUE(connector_.LoadDefaults(InactiveEntries()));
   std::optional<std::string> stored = StoredText();
   ASSERT_TRUE(stored.has_value());
   std::set<std::string> files = FolderContents(test_host_.Folder().Path());
-  for (const Operation& operation : Operations()) {
-    SCOPED_TRACE(operation.name);
-    EXPECT_NO_THROW(operation.run(connector_));
+  for (const auto& [name, run] : Operations()) {
+    SCOPED_TRACE(name);
+    test_host_.Exec("DROP TABLE IF EXISTS LumaroLog");
+    run(connector_);
+    EXPECT_TRUE(LogTableExists());
   }
   EXPECT_EQ(StoredText(), stored);  // a save would write a new cipher text
   EXPECT_EQ(test_host_.Scalar("SELECT COUNT(*) FROM LumaroLog"), "0");
   EXPECT_EQ(FolderContents(test_host_.Folder().Path()), files);
   EXPECT_TRUE(test_host_.UI().boxes.empty());
   EXPECT_TRUE(notifier_->details.empty());
-
-  // The same entries active do meet the missing folder: one box for each.
-  ASSERT_TRUE(connector_.LoadDefaults(TwoEntries(true)));
-  connector_.ExportData();
-  EXPECT_EQ(test_host_.UI().boxes.size(), 2u);
 }
 
 }  // namespace

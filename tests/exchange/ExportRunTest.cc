@@ -1,10 +1,10 @@
 // The export run's driver: which entries make a file, how the file is named
-// and numbered, what stops an entry, and what a failure leaves behind.
+// and numbered, what stops an entry, what a failure leaves behind, and what
+// a run selects across entries and runs.
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "connector/host/Error.h"
 #include "tests/exchange/ExportSeed.h"
@@ -14,10 +14,11 @@ namespace {
 using exportseed::Entry;
 using exportseed::ExportBench;
 using exportseed::kToday;
-using exportseed::RaisedError;
 using exportseed::Receipt;
 using exportseed::Sale;
+using host::RaisedError;
 
+// Entry 01 has nothing to send: it keeps its number and the next goes on.
 TEST(ExportRun, FileIsNamedByCodeAndPaddedNumberAndLogged) {
   struct Case {
     int32_t last;
@@ -28,7 +29,7 @@ TEST(ExportRun, FileIsNamedByCodeAndPaddedNumberAndLogged) {
        {Case{41, "ETpv 02 0000042.txt", "42"}, Case{9999999, "ETpv 02 10000000.txt", "10000000"}}) {
     SCOPED_TRACE(c.file);
     ExportBench bench;
-    bench.Store({{.last = c.last}});
+    bench.Store({{.code = "01", .serial = "B", .last = 5}, {.last = c.last}});
     bench.AddSale({});
     bench.connector.ExportData();
 
@@ -36,41 +37,14 @@ TEST(ExportRun, FileIsNamedByCodeAndPaddedNumberAndLogged) {
     auto header = bench.Records(c.file).at(0);
     EXPECT_EQ(header.at(6), "02");
     EXPECT_EQ(header.at(7), c.number_text);
-    EXPECT_EQ(bench.LastNumber(1), c.last + 1);
+    EXPECT_EQ(bench.LastNumber(1), 5);
+    EXPECT_EQ(bench.LastNumber(2), c.last + 1);
     // The export's line in the log: this workstation, the bare name, now.
     EXPECT_EQ(bench.Scalar("SELECT WorkstationID || '|' || Filename || '|' || ImportDate "
                            "FROM LumaroLog"),
               std::string("1|") + c.file + "|2026-03-14 10:00:00");
     EXPECT_TRUE(bench.test_host.UI().boxes.empty());
   }
-}
-
-TEST(ExportRun, EntryWithoutDataKeepsItsNumberAndTheNextGoesOn) {
-  ExportBench bench;
-  bench.Store({{.code = "01", .serial = "B", .last = 5}, {.code = "02", .last = 7}});
-  bench.AddSale({});
-  bench.connector.ExportData();
-
-  EXPECT_EQ(bench.Files(), std::vector<std::string>{"ETpv 02 0000008.txt"});
-  EXPECT_EQ(bench.LastNumber(1), 5);
-  EXPECT_EQ(bench.LastNumber(2), 8);
-  EXPECT_TRUE(bench.test_host.UI().boxes.empty());
-}
-
-TEST(ExportRun, NoActiveEntryWritesShowsAndSavesNothing) {
-  ExportBench bench;
-  bench.Store({{.active = false}, {.code = "03", .active = false}});
-  bench.AddSale({});
-  // A comment that a save of the settings would not write back.
-  bench.Exec("UPDATE ConnectorSettings SET XMLSettings = XMLSettings || '<!-- as stored -->'");
-  std::optional<std::string> before = bench.StoredSettings();
-  bench.connector.ExportData();
-
-  EXPECT_TRUE(bench.Files().empty());
-  EXPECT_TRUE(bench.test_host.UI().boxes.empty());
-  EXPECT_TRUE(bench.notifier->details.empty());
-  EXPECT_EQ(bench.StoredSettings(), before);
-  EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
 }
 
 TEST(ExportRun, MissingFolderShowsOneBoxForEachActiveEntry) {
@@ -92,27 +66,6 @@ TEST(ExportRun, MissingFolderShowsOneBoxForEachActiveEntry) {
   EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
 }
 
-TEST(ExportRun, ExistingFileStopsTheEntryAtEveryRun) {
-  ExportBench bench;
-  bench.Store({Entry{}});
-  bench.AddSale({});
-  std::string path = bench.PathOf("ETpv 02 0000001.txt");
-  std::ofstream(path) << "written by hand";
-
-  for (int run = 1; run <= 2; ++run) {
-    SCOPED_TRACE(run);
-    bench.connector.ExportData();
-    const auto& boxes = bench.test_host.UI().boxes;
-    ASSERT_EQ(boxes.size(), static_cast<size_t>(run));
-    EXPECT_EQ(boxes.back().text, "O ficheiro " + path + " já existe!");
-    EXPECT_EQ(boxes.back().style, 64);
-    EXPECT_EQ(testsupport::ReadBytes(path), "written by hand");
-    EXPECT_EQ(bench.LastNumber(1), 0);
-    EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
-    EXPECT_EQ(bench.LogRows(), 0);
-  }
-}
-
 TEST(ExportRun, ReceiptsAloneMakeAFileOfHeaderAndReceipts) {
   ExportBench bench;
   bench.Store({Entry{}});
@@ -125,23 +78,6 @@ TEST(ExportRun, ReceiptsAloneMakeAFileOfHeaderAndReceipts) {
   EXPECT_EQ(bench.Records("ETpv 02 0000001.txt").at(0).at(8), "10-03-2026 11:00:00");
   EXPECT_EQ(bench.LastNumber(1), 1);
   EXPECT_EQ(bench.Mark("TenderTransaction", 4), kToday);
-}
-
-TEST(ExportRun, ReExportWithADateMissingIsAnOrdinaryExport) {
-  for (auto [initial, final] : {std::pair{0.0, 46100.0}, std::pair{46000.0, 0.0}}) {
-    SCOPED_TRACE(initial);
-    ExportBench bench;
-    bench.Store({Entry{}});
-    bench.AddSale({.number = 1, .exported = "'2026-03-11 00:00:00'"});
-    bench.AddSale({.number = 2});
-    bench.connector.ReExport(host::Date{initial}, host::Date{final});
-
-    auto heads = bench.Tagged("ETpv 02 0000001.txt", "FC");
-    ASSERT_EQ(heads.size(), 1u);
-    EXPECT_EQ(heads[0].at(3), "2");
-    EXPECT_EQ(bench.Mark("SaleTransaction", 1), "11-03-2026");
-    EXPECT_EQ(bench.Mark("SaleTransaction", 2), kToday);
-  }
 }
 
 TEST(ExportRun, ReExportSelectsByCreateDateAndMovesTheMarks) {
@@ -170,50 +106,18 @@ TEST(ExportRun, ReExportSelectsByCreateDateAndMovesTheMarks) {
   EXPECT_EQ(bench.Mark("SaleTransaction", 2), kToday);
   EXPECT_EQ(bench.Mark("SaleTransaction", 3), "");
   EXPECT_EQ(bench.Mark("TenderTransaction", 7), kToday);
-}
+  // The steps count as the shop day's file test shows; each says "n of total".
+  EXPECT_EQ(bench.notifier->progress.at(0).text,
+            bench.test_host.UI().Messages().Format(4140039, {host::Variant(1), host::Variant(2)}));
 
-TEST(ExportRun, NotifierGetsTheFileAndACounterThatRunsOnIntoTheSales) {
-  ExportBench bench;
-  bench.Store({Entry{}});
-  bench.AddCustomer(5);
-  bench.AddCustomer(6);
-  bench.AddSale({.number = 1, .party = 5});
-  bench.AddSale({.number = 2, .party = 6});
-  bench.AddSale({.number = 3});
-  bench.AddSale({.number = 4});
-  bench.AddReceipt({.number = 9});
-  bench.connector.ExportData();
-
-  const auto& messages = bench.test_host.UI().Messages();
-  EXPECT_EQ(bench.notifier->details,
-            std::vector<std::string>{messages.Text(4140044) + " (ETpv 02 0000001.txt)"});
-  // Customers 1..2 of 2, the sales on from there against their own total
-  // of 4, the receipts from 1 again.
-  std::vector<std::pair<int, int>> expected = {{1, 2}, {2, 2}, {3, 4}, {4, 4},
-                                               {5, 4}, {6, 4}, {1, 1}};
-  const auto& progress = bench.notifier->progress;
-  ASSERT_EQ(progress.size(), expected.size());
-  for (size_t i = 0; i < expected.size(); ++i) {
-    EXPECT_EQ(progress[i].current, expected[i].first) << i;
-    EXPECT_EQ(progress[i].total, expected[i].second) << i;
-    EXPECT_EQ(progress[i].text, messages.Format(4140039, {host::Variant(expected[i].first),
-                                                          host::Variant(expected[i].second)}));
-  }
-}
-
-TEST(ExportRun, BadWorkstationListFailsBeforeAnyFile) {
-  for (const char* list : {"1,,2", "1;2"}) {
-    SCOPED_TRACE(list);
-    ExportBench bench;
-    bench.Store({{.list = list, .last = 2}});
-    bench.AddSale({});
-    host::Error error = RaisedError([&] { bench.connector.ExportData(); });
-    EXPECT_EQ(error.Source(), "<ExportData>");
-    EXPECT_EQ(error.Number(), host::err::kSqlRefused);
-    EXPECT_TRUE(bench.Files().empty());
-    EXPECT_EQ(bench.LastNumber(1), 2);
-    EXPECT_EQ(bench.LogRows(), 0);
-  }
+  // With a date missing, a re-export is an ordinary export of what is pending.
+  bench.connector.ReExport(host::Date{0}, host::MakeDate(2026, 3, 10));
+  bench.AddSale({.number = 4, .created = "2026-03-12 09:00:00"});
+  bench.connector.ReExport(host::MakeDate(2026, 3, 1), host::Date{0});
+  EXPECT_EQ(bench.Tagged("ETpv 02 0000006.txt", "FC").at(0).at(3), "3");
+  EXPECT_EQ(bench.Tags("ETpv 02 0000006.txt"), "HF FC FP FL");
+  EXPECT_EQ(bench.Tags("ETpv 02 0000007.txt"), "HF FC FP FL");
+  EXPECT_EQ(bench.Tagged("ETpv 02 0000007.txt", "FC").at(0).at(3), "4");
 }
 
 // Entry 1 writes its file; entry 2 fails on its second document, whose type
@@ -238,21 +142,27 @@ TEST(ExportRun, FailureMidFileLeavesThePartialFileAndTheEarlierMarks) {
   // The failing document's head went out before its definition was needed.
   EXPECT_EQ(bench.Tags("ETpv 02 0000009.txt"), "HF FC FP FL FC");
   EXPECT_EQ(bench.Tagged("ETpv 02 0000009.txt", "FC").at(1).at(1), "TZZ");
-  EXPECT_EQ(bench.Mark("SaleTransaction", 1, "B"), kToday);
-  EXPECT_EQ(bench.Mark("SaleTransaction", 2, "B"), "");
   EXPECT_EQ(bench.Mark("SaleTransaction", 1, "C"), "");
   EXPECT_EQ(bench.Scalar("SELECT group_concat(Filename) FROM LumaroLog"), "ETpv 01 0000004.txt");
 
-  // The next run meets the partial file, which a person has to remove; the
-  // entries around it go on.
+  // Every later run meets the partial file, which a person has to remove,
+  // and leaves that entry as it was; the entries around it go on.
   std::string partial = testsupport::ReadBytes(bench.PathOf("ETpv 02 0000009.txt"));
-  bench.connector.ExportData();
-  ASSERT_EQ(bench.test_host.UI().boxes.size(), 1u);
-  EXPECT_EQ(bench.test_host.UI().boxes[0].text,
-            "O ficheiro " + bench.PathOf("ETpv 02 0000009.txt") + " já existe!");
-  EXPECT_EQ(testsupport::ReadBytes(bench.PathOf("ETpv 02 0000009.txt")), partial);
-  EXPECT_EQ(bench.LastNumber(2), 8);
+  for (size_t run = 1; run <= 2; ++run) {
+    bench.connector.ExportData();
+    const auto& boxes = bench.test_host.UI().boxes;
+    ASSERT_EQ(boxes.size(), run);
+    EXPECT_EQ(boxes.back().text,
+              "O ficheiro " + bench.PathOf("ETpv 02 0000009.txt") + " já existe!");
+    EXPECT_EQ(boxes.back().style, 64);
+    EXPECT_EQ(testsupport::ReadBytes(bench.PathOf("ETpv 02 0000009.txt")), partial);
+    EXPECT_EQ(bench.LastNumber(2), 8);
+    EXPECT_EQ(bench.Mark("SaleTransaction", 1, "B"), kToday);
+    EXPECT_EQ(bench.Mark("SaleTransaction", 2, "B"), "");
+  }
   EXPECT_EQ(bench.LastNumber(3), 1);
+  EXPECT_EQ(bench.Scalar("SELECT group_concat(Filename) FROM LumaroLog"),
+            "ETpv 01 0000004.txt,ETpv 03 0000001.txt");
 }
 
 // Detail is the last call before the file is made.
@@ -281,7 +191,7 @@ TEST(ExportRun, FolderThatVanishesAfterTheChecksFailsTheRun) {
   EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
   EXPECT_EQ(bench.Scalar("SELECT CustomerKey FROM Customer WHERE CustomerID=5"), "");
   EXPECT_EQ(bench.LastNumber(1), 0);
-  EXPECT_EQ(bench.LogRows(), 0);
+  EXPECT_EQ(bench.Scalar("SELECT COUNT(*) FROM LumaroLog"), "0");
 }
 
 TEST(ExportRun, WithoutNotifierOnlyARunWithSomethingToExportFails) {
@@ -295,6 +205,51 @@ TEST(ExportRun, WithoutNotifierOnlyARunWithSomethingToExportFails) {
   EXPECT_EQ(error.Source(), "<ExportData>");
   EXPECT_EQ(bench.LastNumber(1), 0);
   EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
+}
+
+// What an export selects and marks, and so what the next run leaves out,
+// beyond what the shop day's file shows.
+constexpr char kFirst[] = "ETpv 02 0000001.txt";
+
+TEST(ExportSelection, FirstEntrysMarksHideSharedDocumentsFromTheSecond) {
+  ExportBench bench;
+  bench.Store({{.code = "01", .list = "1,2"}, {.code = "02", .list = "2,3"}});
+  for (int ws = 1; ws <= 3; ++ws) bench.AddSale({.number = ws, .workstation = ws});
+  bench.connector.ExportData();
+
+  auto first = bench.Tagged("ETpv 01 0000001.txt", "FC");
+  ASSERT_EQ(first.size(), 2u);
+  EXPECT_EQ(first[0].at(3), "1");
+  EXPECT_EQ(first[1].at(3), "2");
+  auto second = bench.Tagged("ETpv 02 0000001.txt", "FC");
+  ASSERT_EQ(second.size(), 1u);
+  EXPECT_EQ(second[0].at(3), "3");
+}
+
+TEST(ExportSelection, ReceiptWithoutFirstTenderLineMakesAFileAtEveryRun) {
+  ExportBench bench;
+  bench.Store({Entry{}});
+  bench.AddReceipt({.number = 4}, {});
+  bench.AddTenderLine("A", "TRC", 4, /*order=*/2, /*tender=*/1, 5);
+  for (int run = 1; run <= 3; ++run) bench.connector.ExportData();
+
+  EXPECT_EQ(bench.Files(),
+            (std::vector<std::string>{kFirst, "ETpv 02 0000002.txt", "ETpv 02 0000003.txt"}));
+  for (const std::string& file : bench.Files()) EXPECT_EQ(bench.Tags(file), "HF") << file;
+  EXPECT_EQ(bench.LastNumber(1), 3);
+  EXPECT_EQ(bench.Mark("TenderTransaction", 4), "");
+}
+
+// The head names the tender of the first line, not the smallest tender.
+TEST(ExportSelection, ReceiptHeadNamesTheTenderOfTheFirstLine) {
+  ExportBench bench;
+  bench.Store({Entry{}});
+  bench.AddReceipt({.number = 1}, {{10, 5}, {1, 7}});
+  bench.connector.ExportData();
+
+  EXPECT_EQ(bench.Tags(kFirst), "HF TC TL TL");
+  EXPECT_EQ(bench.Tagged(kFirst, "TC").at(0).at(7), "309");  // till 3, tender 10
+  EXPECT_EQ(bench.Mark("TenderTransaction", 1), kToday);
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,8 +19,8 @@
 #include "connector/LumaroConnectorSetting.h"
 #include "connector/host/Ansi.h"
 #include "connector/host/Date.h"
-#include "connector/host/Error.h"
 #include "connector/host/Text.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/support/TestHost.h"
 
 namespace exportseed {
@@ -32,7 +31,6 @@ struct Entry {
   std::string serial = "A";
   std::string list = "1";
   int32_t last = 0;
-  bool active = true;
 };
 
 // A cash sale of series `serial`, with `lines` lines (each with its IVA row)
@@ -43,19 +41,15 @@ struct Sale {
   std::string document = "TVD";
   std::string created = "2026-03-10 09:00:00";
   int party = 0;
-  int salesman = 1;
   int workstation = 1;
   int lines = 1;
   std::string exported = "NULL";  // AccountingExportDate as SQL
 };
 
-// A tender transaction; its lines are added with AddTenderLine.
+// A tender transaction TRC of series A on workstation 1.
 struct Receipt {
   int number = 1;
-  std::string serial = "A";
-  std::string document = "TRC";
   std::string created = "2026-03-10 11:00:00";
-  int workstation = 1;
   std::string exported = "NULL";
 };
 
@@ -67,11 +61,11 @@ struct ExportBench {
     host::SetClockOverride(host::MakeDate(2026, 3, 14, 10, 0, 0));
     std::filesystem::create_directory(folder);
     if (with_notifier) connector.SetEventNotifier(notifier);
-    // A receipt document ("+") and a refund ("-"); keys found for salesman
-    // 1, carrier 1 and user 1, so that a run's key caches fill.
+    // A receipt document; keys found for salesman 1, carrier 1 and user 1,
+    // so that a run's key caches fill.
     Exec(
         "INSERT INTO Documents (TransDocumentID, Description, DocumentSign) VALUES "
-        "('TRC', 'Recibo', '+'), ('TDV', 'Devolução', '-');"
+        "('TRC', 'Recibo', '+');"
         "INSERT INTO Salesman (SalesmanID, SalesmanKey) VALUES (1, 'V1');"
         "INSERT INTO Carrier (CarrierID, CarrierKey) VALUES (1, 'T1');");
   }
@@ -87,7 +81,7 @@ struct ExportBench {
     for (const Entry& e : entries) {
       xml += "<Workstation LumaroWorkstationID=\"" + e.code + "\" TransSerial=\"" + e.serial +
              "\" WorkstationList=\"" + e.list + "\" LastExportNumber=\"" + std::to_string(e.last) +
-             "\" Active=\"" + (e.active ? "1" : "0") + "\"/>";
+             "\" Active=\"1\"/>";
     }
     ASSERT_TRUE(connector.LoadDefaults(xml + "</Workstations></LumaroConnectorSetting>"));
   }
@@ -99,17 +93,9 @@ struct ExportBench {
     return settings.Workstation(index).LastExportNumber;
   }
 
-  std::optional<std::string> StoredSettings() {
-    lumaro::LumaroConnectorSetting keys;
-    return test_host.Host().Settings().StoredText(keys.Key1(), keys.Key2());
-  }
-
-  void AddCustomer(int id, const std::string& key = "", int level = 0, int salesman = 1) {
-    Exec(
-        "INSERT INTO Customer (CustomerID, CustomerKey, OrganizationName, CustomerLevel, "
-        "SalesmanID) VALUES (" +
-        std::to_string(id) + ", '" + key + "', 'Cliente " + std::to_string(id) + "', " +
-        std::to_string(level) + ", " + std::to_string(salesman) + ")");
+  void AddCustomer(int id, const std::string& key = "") {
+    Exec("INSERT INTO Customer (CustomerID, CustomerKey, OrganizationName, SalesmanID) VALUES (" +
+         std::to_string(id) + ", '" + key + "', 'Cliente', 1)");
   }
 
   void AddSale(const Sale& s) {
@@ -119,8 +105,8 @@ struct ExportBench {
         "PartyID, SalesmanID, CarrierID, CurrencyID, TotalTransactionAmount, WorkstationID, "
         "UserAlt, AccountingExportDate) VALUES ('" +
         s.serial + "', '" + s.document + "', " + number + ", '" + s.created + "', " +
-        std::to_string(s.party) + ", " + std::to_string(s.salesman) + ", 1, 'EUR', 10, " +
-        std::to_string(s.workstation) + ", 1, " + s.exported + ")");
+        std::to_string(s.party) + ", 1, 1, 'EUR', 10, " + std::to_string(s.workstation) + ", 1, " +
+        s.exported + ")");
     for (int line = 1; line <= s.lines; ++line) {
       std::string key =
           "'" + s.serial + "', '" + s.document + "', " + number + ", " + std::to_string(line);
@@ -140,12 +126,11 @@ struct ExportBench {
   void AddReceipt(const Receipt& r, const std::vector<std::pair<int, double>>& tenders = {{1, 5}}) {
     Exec(
         "INSERT INTO TenderTransaction (TransSerial, TransDocument, TransDocNumber, CreateDate, "
-        "WorkstationID, UserAlt, AccountingExportDate) VALUES ('" +
-        r.serial + "', '" + r.document + "', " + std::to_string(r.number) + ", '" + r.created +
-        "', " + std::to_string(r.workstation) + ", 1, " + r.exported + ")");
+        "WorkstationID, UserAlt, AccountingExportDate) VALUES ('A', 'TRC', " +
+        std::to_string(r.number) + ", '" + r.created + "', 1, 1, " + r.exported + ")");
     int order = 1;
     for (const auto& [tender, amount] : tenders) {
-      AddTenderLine(r.serial, r.document, r.number, order++, tender, amount);
+      AddTenderLine("A", "TRC", r.number, order++, tender, amount);
     }
   }
 
@@ -202,26 +187,12 @@ struct ExportBench {
     return found;
   }
 
-  int LogRows() { return std::stoi(Scalar("SELECT count(*) FROM LumaroLog")); }
-
   testsupport::TestHost test_host;
   lumaro::LumaroConnector connector{test_host.Host()};
   std::shared_ptr<testsupport::RecordingNotifier> notifier =
       std::make_shared<testsupport::RecordingNotifier>();
   std::string folder = test_host.Folder().File("exchange");
 };
-
-// The error that `action` raises; fails the test when it raises none.
-template <typename Action>
-host::Error RaisedError(Action action) {
-  try {
-    action();
-  } catch (const host::Error& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return host::Error(0, "");
-}
 
 }  // namespace exportseed
 

@@ -3,28 +3,19 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "connector/host/Date.h"
-#include "connector/host/Error.h"
-#include "connector/host/FieldConverter.h"
 #include "standalone/sqlite/SqliteDatabase.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/support/TestHost.h"
 
 namespace standalone {
 
-// The error that `action` raises, as "NUMBER: DESCRIPTION"; "" when none.
-inline std::string RaisedError(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const host::Error& error) {
-    return std::to_string(error.Number()) + ": " + error.Description();
-  }
-  return "";
-}
+using host::RaisedError;
+using host::RaisedNumber;
 
 // A new, empty SQLite database (no POS schema) in its own temporary folder,
 // for tests that make the tables they need.
@@ -37,15 +28,7 @@ class ScratchDatabase : public ::testing::Test {
   void TearDown() override { host::SetClockOverride(std::nullopt); }
 
   // The first column of every row of a query, as text, joined with ",".
-  std::string Rows(const std::string& sql) {
-    host::RecordsetPtr rs = db_->OpenRecordset(sql);
-    std::string rows;
-    for (; !rs->Eof(); rs->MoveNext()) {
-      if (!rows.empty()) rows += ",";
-      rows += host::FieldConverter::ToText(rs->Fields(0));
-    }
-    return rows;
-  }
+  std::string Rows(const std::string& sql) { return testsupport::Rows(*db_, sql); }
 
   testsupport::TempFolder folder_;
   std::unique_ptr<SqliteDatabase> db_;

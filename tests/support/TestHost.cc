@@ -66,6 +66,16 @@ std::string TestHost::Scalar(const std::string& sql) {
   return host::FieldConverter::ToText(rs->Fields(0));
 }
 
+std::string TestHost::Rows(const std::string& sql) { return testsupport::Rows(Db(), sql); }
+
+std::string Rows(host::DatabaseService& db, const std::string& sql) {
+  std::string rows;
+  for (auto rs = db.OpenRecordset(sql); !rs->Eof(); rs->MoveNext()) {
+    rows += (rows.empty() ? "" : ",") + host::FieldConverter::ToText(rs->Fields(0));
+  }
+  return rows;
+}
+
 std::string ReadBytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file.good()) << "cannot read " << path;

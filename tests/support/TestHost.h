@@ -84,12 +84,17 @@ class TestHost {
   void Exec(const std::string& sql) { Db().ExecuteScript(sql); }
   // The first column of the first row of a query, as text ("" when none).
   std::string Scalar(const std::string& sql);
+  // The first column of every row of a query, as text, joined with ",".
+  std::string Rows(const std::string& sql);
 
  private:
   TempFolder folder_;
   RecordingUI* ui_;
   std::unique_ptr<standalone::StandaloneHost> host_;
 };
+
+// The first column of every row of a query on `db`, as text, joined with ",".
+std::string Rows(host::DatabaseService& db, const std::string& sql);
 
 // The bytes of a file; fails the test when it cannot be read.
 std::string ReadBytes(const std::string& path);
