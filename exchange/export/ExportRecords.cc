@@ -7,6 +7,7 @@
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
 #include "exchange/export/KeyCaches.h"
+#include "exchange/export/RowFields.h"
 
 namespace lumaro {
 namespace {
@@ -26,17 +27,15 @@ class Record {
 };
 
 // The written forms of a field of the current row.
-std::string Raw(const host::Recordset& row, std::string_view field) {
-  return FieldConverter::ToText(row.Fields(field));
-}
+std::string Raw(const host::Recordset& row, std::string_view field) { return FieldText(row, field); }
 std::string Clean(const host::Recordset& row, std::string_view field) {
-  return CleanExportText(Raw(row, field));
+  return CleanExportText(FieldText(row, field));
 }
 double NumberOf(const host::Recordset& row, std::string_view field) {
-  return FieldConverter::ToNumber(row.Fields(field));
+  return FieldNumber(row, field);
 }
 std::string Number(const host::Recordset& row, std::string_view field) {
-  return host::NumberText(NumberOf(row, field));
+  return FieldNumberText(row, field);
 }
 std::string DateOf(const host::Recordset& row, std::string_view field) {
   return host::DateText(FieldConverter::ToDate(row.Fields(field)));

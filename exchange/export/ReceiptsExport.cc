@@ -5,19 +5,12 @@
 #include "connector/host/FieldConverter.h"
 #include "exchange/export/EntryExport.h"
 #include "exchange/export/ExportRecords.h"
+#include "exchange/export/RowFields.h"
 
 namespace lumaro {
 namespace {
 
 using host::FieldConverter;
-
-std::string Text(const host::Recordset& row, std::string_view field) {
-  return FieldConverter::ToText(row.Fields(field));
-}
-
-std::string NumberText(const host::Recordset& row, std::string_view field) {
-  return host::NumberText(FieldConverter::ToNumber(row.Fields(field)));
-}
 
 }  // namespace
 
@@ -40,12 +33,10 @@ void EntryExport::WriteReceipts() {
       host_.SystemManager().Context().CurrentWorkstation().Documents();
   while (!rs->Eof()) {
     Write(BuildReceiptHead(entry_.LumaroWorkstationID, *rs, settings_.TillID, keys_));
-    std::string key = " WHERE TransSerial='" + Text(*rs, "TransSerial") + "' AND TransDocument='" +
-                      Text(*rs, "TransDocument") +
-                      "' AND TransDocNumber=" + NumberText(*rs, "TransDocNumber");
+    std::string key = DocumentKeyOf(*rs);
     host::RecordsetPtr lines = Query("SELECT * FROM TenderLineItem" + key);
     for (; !lines->Eof(); lines->MoveNext()) {
-      const host::DocumentDefinition& definition = documents.Item(Text(*lines, "TransDocument"));
+      const host::DocumentDefinition& definition = documents.Item(FieldText(*lines, "TransDocument"));
       Write(BuildReceiptLine(*lines, settings_.TillID, GetCheckNumber(*lines),
                              definition.EntrySign));
     }
@@ -66,11 +57,11 @@ std::string EntryExport::GetCheckNumber(const host::Recordset& line) {
   const host::SqlFormat& format = db_.SqlFormat();
   host::RecordsetPtr rs = Query(
       "SELECT * FROM CheckTenderLineItem " " WHERE TransSerial='" +
-      format.QuoteText(Text(line, "TransSerial")) + "'" + "  AND TransDocument='" +
-      format.QuoteText(Text(line, "TransDocument")) + "'" + "  AND TransDocNumber=" +
-      format.Number(FieldConverter::ToNumber(line.Fields("TransDocNumber"))) +
-      "  AND TransOrder=" + format.Number(FieldConverter::ToNumber(line.Fields("TransOrder"))));
-  std::string number = rs->Eof() ? "" : Text(*rs, "CheckSequenceNumber");
+      format.QuoteText(FieldText(line, "TransSerial")) + "'" + "  AND TransDocument='" +
+      format.QuoteText(FieldText(line, "TransDocument")) + "'" + "  AND TransDocNumber=" +
+      format.Number(FieldNumber(line, "TransDocNumber")) +
+      "  AND TransOrder=" + format.Number(FieldNumber(line, "TransOrder")));
+  std::string number = rs->Eof() ? "" : FieldText(*rs, "CheckSequenceNumber");
   host::RecordsetTools::CloseRecordset(rs);
   return number;
 }

@@ -6,26 +6,12 @@
 #include "connector/host/Text.h"
 #include "exchange/export/EntryExport.h"
 #include "exchange/export/ExportRecords.h"
+#include "exchange/export/RowFields.h"
 
 namespace lumaro {
 namespace {
 
 using host::FieldConverter;
-
-std::string Text(const host::Recordset& row, std::string_view field) {
-  return FieldConverter::ToText(row.Fields(field));
-}
-
-std::string NumberText(const host::Recordset& row, std::string_view field) {
-  return host::NumberText(FieldConverter::ToNumber(row.Fields(field)));
-}
-
-// " WHERE TransSerial='s' AND TransDocument='d' AND TransDocNumber=n": the
-// values of a row go in as they stand.
-std::string DocumentKey(const host::Recordset& row) {
-  return " WHERE TransSerial='" + Text(row, "TransSerial") + "' AND TransDocument='" +
-         Text(row, "TransDocument") + "' AND TransDocNumber=" + NumberText(row, "TransDocNumber");
-}
 
 }  // namespace
 
@@ -46,7 +32,7 @@ void EntryExport::WriteCustomers() {
   while (!rs->Eof()) {
     Write(BuildCustomerRecord(entry_.LumaroWorkstationID, *rs, keys_));
     Query("UPDATE Customer SET CustomerKey='" + db_.SqlFormat().QuoteText("Exported") +
-          "' WHERE CustomerID=" + NumberText(*rs, "CustomerID"));
+          "' WHERE CustomerID=" + FieldNumberText(*rs, "CustomerID"));
     rs->MoveNext();
     ++counter_;
     ReportProgress();
@@ -66,9 +52,9 @@ void EntryExport::WriteSales() {
     bool tax_included = FieldConverter::ToBoolean(rs->Fields("TransactionTaxIncluded"));
     std::string head = BuildDocumentHead(entry_.LumaroWorkstationID, *rs, keys_);
     if (!head.empty()) Write(head);
-    std::string trans_document = Text(*rs, "TransDocument");
-    reader_->Load(Text(*rs, "TransSerial"), trans_document,
-                  FieldConverter::ToNumber(rs->Fields("TransDocNumber")));
+    std::string trans_document = FieldText(*rs, "TransDocument");
+    reader_->Load(FieldText(*rs, "TransSerial"), trans_document,
+                  FieldNumber(*rs, "TransDocNumber"));
     const host::DocumentDefinition& definition = documents.Item(trans_document);
     WritePayment(*rs, definition, reader_->PartyDocumentText());
     std::string party = BuildPartyRecord(*rs);
@@ -77,7 +63,7 @@ void EntryExport::WriteSales() {
     // Marked after its last line: a failure within a document leaves it
     // pending. A re-export moves the mark to the day of the re-export.
     Query("UPDATE SaleTransaction SET AccountingExportDate=" +
-          db_.SqlFormat().DateLiteral(host::Today()) + DocumentKey(*rs));
+          db_.SqlFormat().DateLiteral(host::Today()) + DocumentKeyOf(*rs));
     rs->MoveNext();
     ++counter_;
     ReportProgress();
@@ -108,9 +94,9 @@ void EntryExport::WritePayment(const host::Recordset& sale,
       "  AND CheckTenderLineItem.TransDocNumber=TenderLineItem.TransDocNumber "
       "  AND CheckTenderLineItem.TransOrder=TenderLineItem.TransOrder)"
       "  WHERE TenderLineItem.TransSerial='" +
-      Text(sale, "TransSerial") + "' " + "  AND TenderLineItem.TransDocument='" +
-      Text(sale, "TransDocument") + "'" + "  AND TenderLineItem.TransDocNumber=" +
-      NumberText(sale, "TransDocNumber") +
+      FieldText(sale, "TransSerial") + "' " + "  AND TenderLineItem.TransDocument='" +
+      FieldText(sale, "TransDocument") + "'" + "  AND TenderLineItem.TransDocNumber=" +
+      FieldNumberText(sale, "TransDocNumber") +
       " GROUP BY TenderLineItem.TransSerial, TenderLineItem.TransDocument, "
       "TenderLineItem.TransDocNumber, "
       "  TenderLineItem.TenderID, CheckTenderLineItem.CheckSequenceNumber");
@@ -131,12 +117,12 @@ void EntryExport::WriteLines(const host::Recordset& sale, bool tax_included) {
       "  AND TPD.LineItemID=STD.LineItemID"
       "  AND TPD.LineItemSubID=STD.LineItemSubID)"
       " WHERE STD.TransSerial='" +
-      Text(sale, "TransSerial") + "' " + "  AND STD.TransDocument='" +
-      Text(sale, "TransDocument") + "' " + "  AND STD.TransDocNumber=" +
-      NumberText(sale, "TransDocNumber") + "  AND STD.LineItemSubID=0";
+      FieldText(sale, "TransSerial") + "' " + "  AND STD.TransDocument='" +
+      FieldText(sale, "TransDocument") + "' " + "  AND STD.TransDocNumber=" +
+      FieldNumberText(sale, "TransDocNumber") + "  AND STD.LineItemSubID=0";
   // The lines of a voided document have moved to the post-void tables; the
   // aliases and columns stay the same.
-  if (FieldConverter::ToNumber(sale.Fields("TransStatus")) == 1) {
+  if (FieldNumber(sale, "TransStatus") == 1) {
     sql = host::Replace(sql, "SaleTransactionDetails", "PostVoidTransaction");
     sql = host::Replace(sql, "TransactionPropDetails", "PostVoidTranPropDetails");
   }
@@ -152,11 +138,11 @@ std::string EntryExport::GetTaxRate(const host::Recordset& line) {
   // Only the group IVA counts; a voided document's rates are read here too.
   host::RecordsetPtr rs =
       Query("SELECT TaxRate FROM TaxTransactionDetail AS TTD " " WHERE TransSerial='" +
-            Text(line, "TransSerial") + "' AND TransDocument='" + Text(line, "TransDocument") +
-            "' AND TransDocNumber=" + NumberText(line, "TransDocNumber") +
-            " AND LineItemID=" + NumberText(line, "LineItemID") + " AND LineItemSubID=0" +
+            FieldText(line, "TransSerial") + "' AND TransDocument='" + FieldText(line, "TransDocument") +
+            "' AND TransDocNumber=" + FieldNumberText(line, "TransDocNumber") +
+            " AND LineItemID=" + FieldNumberText(line, "LineItemID") + " AND LineItemSubID=0" +
             " AND TTD.TaxGroupID='IVA'");
-  std::string rate = rs->Eof() ? "" : NumberText(*rs, "TaxRate");
+  std::string rate = rs->Eof() ? "" : FieldNumberText(*rs, "TaxRate");
   host::RecordsetTools::CloseRecordset(rs);
   return rate;
 }
