@@ -21,8 +21,9 @@ const char kUsage[] =
     "  host set KEY VALUE            set one value of the host context\n"
     "  import                        import the back office's files\n"
     "  export                        export what is pending\n"
-    "  reexport FROM TO              export again what was made between two dates\n"
-    "                                (YYYY-MM-DD)\n"
+    "  reexport FROM TO              export again what was made from FROM to TO\n"
+    "                                (YYYY-MM-DD, each at 00:00:00; or with HH:MM:SS):\n"
+    "                                to take a whole day D, give D and the next day\n"
     "  log                           the files taken and made, tab-separated\n"
     "  log delete WORKSTATION FILE   forget one file, so that it is imported again\n";
 

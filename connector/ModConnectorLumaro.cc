@@ -5,8 +5,6 @@
 namespace lumaro {
 namespace {
 
-// "Object variable or With block variable not set".
-constexpr int32_t kObjectNotSet = 91;
 
 struct ThreadState {
   host::Host* host = nullptr;
@@ -40,7 +38,7 @@ void ModConnectorLumaro::DetachHost(host::Host* host) {
 host::Host& ModConnectorLumaro::Host() {
   host::Host* host = State().host;
   if (host == nullptr) {
-    host::RaiseWith(kObjectNotSet, "The connector has no host on this thread", "ModConnectorLumaro");
+    host::RaiseWith(host::err::kObjectNotSet, "The connector has no host on this thread", "ModConnectorLumaro");
   }
   return *host;
 }
@@ -56,7 +54,7 @@ bool ModConnectorLumaro::HasRunDictionary() { return State().run_dictionary != n
 host::KeyDictionary& ModConnectorLumaro::RunDictionary() {
   auto& dictionary = State().run_dictionary;
   if (!dictionary) {
-    host::RaiseWith(kObjectNotSet, "No run dictionary on this thread", "ModConnectorLumaro");
+    host::RaiseWith(host::err::kObjectNotSet, "No run dictionary on this thread", "ModConnectorLumaro");
   }
   return *dictionary;
 }

@@ -54,6 +54,9 @@ void LumaroExecutioner::ExportEntries(host::Date initial_date, host::Date final_
 void LumaroExecutioner::ExportData(const std::string& path, int16_t& index,
                                    host::Date initial_date, host::Date final_date) {
   try {
+    if (!settings_ || !key_caches_) {
+      host::Raise(host::err::kObjectNotSet, "LumaroExecutioner");
+    }
     Workstation entry = settings_->Workstation(index);
     double number = entry.LastExportNumber + 1.0;
     EntryExport file(*settings_, entry, notifier_, *key_caches_);
@@ -69,8 +72,8 @@ void LumaroExecutioner::ExportData(const std::string& path, int16_t& index,
     LumaroLog log;
     log.IsNew = true;
     log.ImportDate = host::Now();
-    log.WorkstationID = static_cast<int16_t>(
-        ModConnectorLumaro::Host().SystemManager().Context().CurrentWorkstation().WorkstationID());
+    log.WorkstationID = host::CInt(host::Variant(
+        ModConnectorLumaro::Host().SystemManager().Context().CurrentWorkstation().WorkstationID()));
     log.Filename = outcome.file_name;
     log_->Save(log);
   } catch (const host::Error& error) {

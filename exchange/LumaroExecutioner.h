@@ -44,7 +44,7 @@ class LumaroExecutioner {
   void ExecuteReExport(host::Date initial_date, host::Date final_date);
 
   // Writes the export file of the entry `index`; both dates 0 outside a
-  // re-export. Any failure but the two that show a message box goes on to
+  // re-export. Part of an export run: called outside one, it raises 91. Any failure but the two that show a message box goes on to
   // the caller with the source "<ExportData>".
   void ExportData(const std::string& path, int16_t& index, host::Date initial_date,
                   host::Date final_date);

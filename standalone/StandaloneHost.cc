@@ -116,6 +116,7 @@ std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path) {
   try {
     database = SqliteDatabase::Open(path, SqliteDatabase::OpenMode::kCreateIfMissing);
     PreparePosDatabase(*database);
+    database->ShareWithTheTill();
   } catch (...) {
     database.reset();
     if (!existed) ::unlink(path.c_str());  // leave nothing behind

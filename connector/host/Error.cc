@@ -47,6 +47,8 @@ std::string StandardDescription(int32_t number) {
       return "Permission denied";
     case err::kPathNotFound:
       return "Path not found";
+    case err::kObjectNotSet:
+      return "Object variable or With block variable not set";
     case err::kInvalidPatternString:
       return "Invalid pattern string";
     case err::kInvalidUseOfNull:

@@ -18,6 +18,7 @@ inline constexpr int32_t kDeviceIoError = 57;  // a write that did not reach the
 inline constexpr int32_t kFileAlreadyExists = 58;
 inline constexpr int32_t kPermissionDenied = 70;
 inline constexpr int32_t kPathNotFound = 76;
+inline constexpr int32_t kObjectNotSet = 91;
 inline constexpr int32_t kInvalidPatternString = 93;  // Like with an unclosed "["
 inline constexpr int32_t kInvalidUseOfNull = 94;
 inline constexpr int32_t kNoCurrentRecord = 3021;

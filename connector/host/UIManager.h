@@ -28,6 +28,9 @@ class UIManager {
   virtual const MessageCatalogue& Messages() const = 0;
   // Shows a message box and returns the button the person chose.
   virtual int MsgBox(std::string_view text, int style, std::string_view title = "") = 0;
+  // Places a form of the connector on the screen (centred on the host's
+  // window); a host without windows has nothing to place.
+  virtual void PlaceForm(std::string_view form_name) { (void)form_name; }
   // Shows the connector's form `form_name` modally. A host without forms
   // says so to the person and answers False.
   virtual bool ShowForm(std::string_view form_name) = 0;

@@ -52,13 +52,17 @@ std::string EntryExport::EntryFilter(const std::string& prefix) const {
          db_.SqlFormat().QuoteText(entry_.TransSerial) + "'";
 }
 
+host::IConnectorEvents& EntryExport::Notifier() {
+  // The notifier is used as it stands: a run without one fails at its first
+  // report.
+  if (!notifier_) host::Raise(host::err::kObjectNotSet, "EventNotifier");
+  return *notifier_;
+}
+
 void EntryExport::ReportProgress() {
-  if (!notifier_) {
-    host::RaiseWith(91, "Object variable or With block variable not set", "EventNotifier");
-  }
   std::string text = host_.UIManager().Messages().Format(
       kProgressOfTotal, {host::Variant(counter_), host::Variant(total_)});
-  notifier_->Progress(counter_, total_, text);
+  Notifier().Progress(counter_, total_, text);
 }
 
 EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_number,
@@ -88,10 +92,7 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   FirstDate first = FindFirstDate();
   if (!first.anything) return {};
 
-  if (!notifier_) {
-    host::RaiseWith(91, "Object variable or With block variable not set", "EventNotifier");
-  }
-  notifier_->Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
+  Notifier().Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
   writer_ = std::make_unique<host::AnsiTextWriter>(full_path, false);
   host::SystemContext& context = host_.SystemManager().Context();
   Write(BuildHeader(settings_.SQLCompanyID, settings_.SQLCompanyYear, context.CompanyNumber(),

@@ -55,12 +55,13 @@ class EntryExport {
   void WriteReceipts();
   std::string GetCheckNumber(const host::Recordset& line);
 
-  // " WHERE <selection> AND WorkstationID IN (<list>)  AND TransSerial ='<serial>'"
-  // with `prefix` before WorkstationID and TransSerial ("" or "T."), as the
+  // " WHERE <p>selection AND <p>WorkstationID IN (<list>)  AND <p>TransSerial ='<serial>'"
+  // with the table prefix <p> ("", "SaleTransaction." or "TT."), as the
   // selections of every query of the file read.
   std::string EntryFilter(const std::string& prefix) const;
   host::RecordsetPtr Query(const std::string& sql);
   void Write(const std::string& line) { writer_->WriteLine(line); }
+  host::IConnectorEvents& Notifier();
   void ReportProgress();
 
   const LumaroConnectorSetting& settings_;

@@ -27,15 +27,8 @@ class Record {
 };
 
 // The written forms of a field of the current row.
-std::string Raw(const host::Recordset& row, std::string_view field) { return FieldText(row, field); }
 std::string Clean(const host::Recordset& row, std::string_view field) {
   return CleanExportText(FieldText(row, field));
-}
-double NumberOf(const host::Recordset& row, std::string_view field) {
-  return FieldNumber(row, field);
-}
-std::string Number(const host::Recordset& row, std::string_view field) {
-  return FieldNumberText(row, field);
 }
 std::string DateOf(const host::Recordset& row, std::string_view field) {
   return host::DateText(FieldConverter::ToDate(row.Fields(field)));
@@ -76,21 +69,21 @@ std::string BuildCustomerRecord(const std::string& workstation_code, const host:
                                 KeyCaches& keys) {
   Record r("CL", 24);
   r[1] = host::Left(workstation_code, 2);
-  r[2] = Number(row, "CustomerID");
-  r[3] = Raw(row, "OrganizationName");
-  r[4] = Raw(row, "AddressLine1");
-  r[5] = Raw(row, "AddressLine2");
-  r[6] = Raw(row, "PostalCode");
-  r[7] = Raw(row, "FederalTaxID");
-  r[8] = Raw(row, "EmailAddress");
-  r[9] = Raw(row, "Telephone1");
-  r[10] = Raw(row, "Fax");
+  r[2] = FieldNumberText(row, "CustomerID");
+  r[3] = FieldText(row, "OrganizationName");
+  r[4] = FieldText(row, "AddressLine1");
+  r[5] = FieldText(row, "AddressLine2");
+  r[6] = FieldText(row, "PostalCode");
+  r[7] = FieldText(row, "FederalTaxID");
+  r[8] = FieldText(row, "EmailAddress");
+  r[9] = FieldText(row, "Telephone1");
+  r[10] = FieldText(row, "Fax");
   // The level is looked up before the salesman, on purpose: see
   // KeyCaches::GetCustomerLevelKey.
-  r[15] = keys.GetCustomerLevelKey(NumberOf(row, "CustomerLevel"));
-  r[19] = keys.GetPriceLineKey(NumberOf(row, "PriceLineID"));
-  r[21] = keys.GetSalesmanKey(NumberOf(row, "SalesmanID"));
-  r[22] = keys.GetPaymentKey(NumberOf(row, "PaymentID"));
+  r[15] = keys.GetCustomerLevelKey(FieldNumber(row, "CustomerLevel"));
+  r[19] = keys.GetPriceLineKey(FieldNumber(row, "PriceLineID"));
+  r[21] = keys.GetSalesmanKey(FieldNumber(row, "SalesmanID"));
+  r[22] = keys.GetPaymentKey(FieldNumber(row, "PaymentID"));
   r[23] = BooleanOf(row, "AplyRetentionTax");
   return r.Text();
 }
@@ -99,30 +92,30 @@ std::string BuildDocumentHead(const std::string& workstation_code, const host::R
                               KeyCaches& keys) {
   if (row.Eof()) return "";
   Record r("FC", 32);
-  r[1] = Raw(row, "TransDocument");
+  r[1] = FieldText(row, "TransDocument");
   r[2] = workstation_code;
-  r[3] = Number(row, "TransDocNumber");
+  r[3] = FieldNumberText(row, "TransDocNumber");
   r[4] = BooleanOf(row, "TransactionTaxIncluded");
   r[5] = DateOf(row, "CreateDate");
-  double party_id = NumberOf(row, "PartyID");
+  double party_id = FieldNumber(row, "PartyID");
   r[6] = party_id != 0 ? host::NumberText(party_id) : "";
   r[7] = "True";
-  r[10] = keys.GetSalesmanKey(NumberOf(row, "SalesmanID"));
-  r[14] = keys.GetCarrierKey(NumberOf(row, "CarrierID"));
+  r[10] = keys.GetSalesmanKey(FieldNumber(row, "SalesmanID"));
+  r[14] = keys.GetCarrierKey(FieldNumber(row, "CarrierID"));
   r[16] = Clean(row, "LoadPlaceDescription");
   r[17] = CleanExportText(DateOf(row, "LoadPlaceDateTime"));
   r[18] = Clean(row, "UnloadPlaceDescription");
   r[19] = CleanExportText(DateOf(row, "UnloadPlaceDateTime"));
   r[20] = Clean(row, "ContractReferenceNumber");
   r[24] = Clean(row, "Comments");
-  r[25] = keys.GetAppUserKey(NumberOf(row, "UserAlt"));
-  r[26] = Number(row, "GlobalDiscountPercent");
-  std::string export_code = std::to_string(keys.CurrencyExportCode(Raw(row, "CurrencyID")));
+  r[25] = keys.GetAppUserKey(FieldNumber(row, "UserAlt"));
+  r[26] = FieldNumberText(row, "GlobalDiscountPercent");
+  std::string export_code = std::to_string(keys.CurrencyExportCode(FieldText(row, "CurrencyID")));
   r[27] = export_code;
   r[28] = export_code;
   r[29] = export_code;
-  r[30] = Number(row, "TotalTransactionAmount");
-  r[31] = NumberOf(row, "TransStatus") == 1 ? "1" : "0";
+  r[30] = FieldNumberText(row, "TotalTransactionAmount");
+  r[31] = FieldNumber(row, "TransStatus") == 1 ? "1" : "0";
   return r.Text();
 }
 
@@ -131,17 +124,17 @@ std::string BuildTenderRecord(const host::Recordset& tender, int32_t till_id) {
   Record r("FP", 5);
   r[1] = "X";
   r[2] = TenderCode(till_id, tender.Fields("MinTenderID"));
-  r[3] = Raw(tender, "CheckSequenceNumber");
-  r[4] = host::NumberText(std::fabs(NumberOf(tender, "SumAmount")));
+  r[3] = FieldText(tender, "CheckSequenceNumber");
+  r[4] = host::NumberText(std::fabs(FieldNumber(tender, "SumAmount")));
   return r.Text();
 }
 
 std::string BuildCreditRecord(const host::Recordset& sale, const std::string& party_document_text) {
   Record r("FP", 5);
   r[1] = "C";
-  r[2] = Number(sale, "PartyID");
+  r[2] = FieldNumberText(sale, "PartyID");
   r[3] = party_document_text;
-  r[4] = Number(sale, "TotalTransactionAmount");
+  r[4] = FieldNumberText(sale, "TotalTransactionAmount");
   return r.Text();
 }
 
@@ -160,21 +153,21 @@ std::string BuildPartyRecord(const host::Recordset& sale) {
 std::string BuildLineRecord(bool tax_included, const host::Recordset& line, KeyCaches& keys,
                             const std::string& tax_rate) {
   Record r("FL", 21);
-  r[1] = Number(line, "LineItemID");
-  std::string item_id = Raw(line, "ItemID");
+  r[1] = FieldNumberText(line, "LineItemID");
+  std::string item_id = FieldText(line, "ItemID");
   std::string item_key = keys.GetItemKey(item_id);
   r[2] = CleanExportText(item_key.empty() ? item_id : item_key);
   r[3] = Clean(line, "PropertyValue1");
   r[4] = Clean(line, "Description");
-  r[5] = Number(line, "Units");
-  r[7] = Number(line, "Quantity");
+  r[5] = FieldNumberText(line, "Units");
+  r[7] = FieldNumberText(line, "Quantity");
   r[8] = Clean(line, "UnitOfSaleID");
-  r[12] = Number(line, tax_included ? "TaxIncludedPrice" : "UnitPrice");
-  r[13] = NumberOf(line, "Units") != NumberOf(line, "Quantity") ? "S" : "V";
-  r[14] = Number(line, "CumulativeDiscountPercent1");
-  r[15] = Number(line, "CumulativeDiscountPercent2");
-  r[16] = Number(line, "CumulativeDiscountPercent3");
-  r[17] = Number(line, "TotalNetPrintAmout");
+  r[12] = FieldNumberText(line, tax_included ? "TaxIncludedPrice" : "UnitPrice");
+  r[13] = FieldNumber(line, "Units") != FieldNumber(line, "Quantity") ? "S" : "V";
+  r[14] = FieldNumberText(line, "CumulativeDiscountPercent1");
+  r[15] = FieldNumberText(line, "CumulativeDiscountPercent2");
+  r[16] = FieldNumberText(line, "CumulativeDiscountPercent3");
+  r[17] = FieldNumberText(line, "TotalNetPrintAmout");
   r[18] = tax_rate;
   r[19] = DateOf(line, "CreateDate");
   // Kept on purpose: this record alone ends with a "^".
@@ -184,11 +177,11 @@ std::string BuildLineRecord(bool tax_included, const host::Recordset& line, KeyC
 std::string BuildReceiptHead(const std::string& workstation_code, const host::Recordset& receipt,
                              int32_t till_id, KeyCaches& keys) {
   Record r("TC", 8);
-  r[1] = Raw(receipt, "TransDocument");
+  r[1] = FieldText(receipt, "TransDocument");
   r[2] = workstation_code;
-  r[3] = Number(receipt, "TransDocNumber");
+  r[3] = FieldNumberText(receipt, "TransDocNumber");
   r[4] = DateOf(receipt, "CreateDate");
-  r[5] = keys.GetAppUserKey(NumberOf(receipt, "UserAlt"));
+  r[5] = keys.GetAppUserKey(FieldNumber(receipt, "UserAlt"));
   r[6] = "X";
   r[7] = TenderCode(till_id, receipt.Fields("TenderID"));
   return r.Text();
@@ -197,14 +190,14 @@ std::string BuildReceiptHead(const std::string& workstation_code, const host::Re
 std::string BuildReceiptLine(const host::Recordset& line, int32_t till_id,
                              const std::string& check_number, const std::string& entry_sign) {
   Record r("TL", 7);
-  r[1] = Number(line, "TransOrder");
+  r[1] = FieldNumberText(line, "TransOrder");
   r[2] = "X";
   r[3] = TenderCode(till_id, line.Fields("TenderID"));
   r[4] = check_number;
   // The sign of the movement travels in this letter only: the amount is
   // always written as an absolute value.
   r[5] = entry_sign == "+" ? "C" : "D";
-  r[6] = host::NumberText(std::fabs(NumberOf(line, "Amount")));
+  r[6] = host::NumberText(std::fabs(FieldNumber(line, "Amount")));
   return r.Text();
 }
 

@@ -58,8 +58,9 @@ std::string KeyCaches::GetAppUserKey(double id) {
 // Kept on purpose, because the file's values depend on it: this routine
 // reads under "CustomerLevelKey|" but stores under "SalesmanKey|", so it
 // never finds its own and always asks the database, and it stores what it
-// got, empty text too. A salesman whose id equals a level already looked up
-// in the run then gets the level's key (the first value of a key stays).
+// got, empty text too. A salesman whose id equals a level looked up earlier
+// in the run (and who was not looked up before it) then gets the level's
+// key, since the first value of a key stays.
 std::string KeyCaches::GetCustomerLevelKey(double id) {
   host::KeyDictionary& dictionary = ModConnectorLumaro::RunDictionary();
   std::string read_key = KeyOf("CustomerLevelKey|", id);
@@ -128,7 +129,8 @@ std::string KeyCaches::GetItemKey(std::string_view item_id) {
 int32_t KeyCaches::CurrencyExportCode(std::string_view currency_id) {
   auto currency = ModConnectorLumaro::GetCurrency(currency_id);
   if (!currency) {
-    host::RaiseWith(91, "A moeda " + std::string(currency_id) + " não existe", "GetCurrency");
+    // What reading the export code of an empty reference raises.
+    host::Raise(host::err::kObjectNotSet, "GetCurrency");
   }
   return currency->ExportCode;
 }

@@ -30,7 +30,8 @@ class KeyCaches {
   // number text; empty when the host knows no such key.
   std::string GetPriceLineID(std::string_view key);
 
-  // Through the host's services, which keep what they read for the run.
+  // Through the host's services, asked at each call (the stand-alone host's
+  // services keep what they read for their life, which is the run's).
   std::string GetPriceLineKey(double price_line_id);
   std::string GetItemKey(std::string_view item_id);
   // The export code of a currency (through the one-entry currency cache).

@@ -8,11 +8,6 @@
 #include "exchange/export/RowFields.h"
 
 namespace lumaro {
-namespace {
-
-using host::FieldConverter;
-
-}  // namespace
 
 void EntryExport::WriteReceipts() {
   // Kept on purpose: a receipt without a line of TransOrder 1 counts for the

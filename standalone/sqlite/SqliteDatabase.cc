@@ -171,13 +171,6 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
                     kSource);
   }
   sqlite3_busy_timeout(db, 5000);
-  // The till and the connector share the database: in WAL mode the till's
-  // readers never wait for an export's writes, and with synchronous=NORMAL
-  // each of the export's many small commits (a mark per row, by design
-  // without a surrounding transaction) costs no disk flush. A crash of the
-  // program loses nothing; a power cut may lose the last commits.
-  sqlite3_exec(db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
-  sqlite3_exec(db, "PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
   sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr,
                           nullptr);
   sqlite3_create_function(db, "lumaro_left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
@@ -320,6 +313,17 @@ void SqliteDatabase::Execute(std::string_view sqlite_sql) {
     host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sqlite_sql) + ")",
                     kSource);
   }
+}
+
+void SqliteDatabase::ShareWithTheTill() {
+  RequireOpen();
+  // The till and the connector share the database: in WAL mode the till's
+  // readers never wait for an export's writes, and with synchronous=NORMAL
+  // each of the export's many small commits (a mark per row, by design
+  // without a surrounding transaction) costs no disk flush. A crash of the
+  // program loses nothing; a power cut may lose the last commits.
+  Execute("PRAGMA journal_mode=WAL");
+  Execute("PRAGMA synchronous=NORMAL");
 }
 
 void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {

@@ -62,6 +62,11 @@ class SqliteDatabase : public host::DatabaseService {
   void Disconnect() override;
   int DatabaseKind() const override { return 0; }
 
+  // Sets the journal of a database that the till uses at the same time (WAL,
+  // synchronous=NORMAL). Changes the file: call it only on a database
+  // accepted as the POS database.
+  void ShareWithTheTill();
+
   // Runs SQLite statements as they stand (no translation), one after the
   // other: the host's own DDL.
   void ExecuteScript(std::string_view sqlite_sql);

@@ -7,6 +7,7 @@
 
 #include <fstream>
 
+#include "standalone/sqlite/SqliteDatabase.h"
 #include "tests/app/ProgramRunner.h"
 #include "tests/support/TestHost.h"
 
@@ -111,6 +112,17 @@ TEST(ProgramShell, BadInputGetsOneLineAndChangesNothing) {
                      "not a SQLite database");
   EXPECT_EQ(ReadBytes(folder.File("notes.db")), "plain text, not a database\n");
 
+  // A SQLite database that is not a POS database stays as it was too.
+  {
+    auto other = standalone::SqliteDatabase::Open(
+        folder.File("other.db"), standalone::SqliteDatabase::OpenMode::kCreateIfMissing);
+    other->ExecuteScript("CREATE TABLE Notes (Line TEXT); INSERT INTO Notes VALUES ('x')");
+  }
+  std::string other_before = ReadBytes(folder.File("other.db"));
+  ExpectOneLineError(RunLumaro(folder.Path(), {"--db", "other.db", "info"}),
+                     "not a POS database");
+  EXPECT_EQ(ReadBytes(folder.File("other.db")), other_before);
+
   // A plug-in that does not exist.
   ExpectOneLineError(RunLumaro(folder.Path(), {"--plugin", "/no/such/plugin.so", "info"}),
                      "cannot load the plug-in");
@@ -124,6 +136,8 @@ TEST(ProgramShell, BadInputGetsOneLineAndChangesNothing) {
 
   // A usage error is exit code 2.
   EXPECT_EQ(RunLumaro(folder.Path(), {"reexport", "2026-13-01", "2026-11-30"}).exit_code, 2);
+  // A range that holds no moment: the same day twice.
+  EXPECT_EQ(RunLumaro(folder.Path(), {"reexport", "2026-11-20", "2026-11-20"}).exit_code, 2);
   EXPECT_EQ(RunLumaro(folder.Path(), {"no-such-command"}).exit_code, 2);
 }
 
