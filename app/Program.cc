@@ -77,6 +77,29 @@ host::IConnector& Program::Connector() {
 }
 
 int Program::Run() {
+  try {
+    return Dispatch();
+  } catch (...) {
+    // A run that failed may leave its transaction open for its caller (the
+    // import does, by design): the POS database is never left half-written.
+    RollBackOpenTransaction();
+    throw;
+  }
+}
+
+void Program::RollBackOpenTransaction() {
+  if (!host_) return;
+  standalone::SqliteDatabase& db = host_->Database();
+  while (db.InTransaction()) {
+    try {
+      db.RollbackTrans();
+    } catch (const host::Error&) {
+      return;  // the connection is gone; SQLite undoes what was not committed
+    }
+  }
+}
+
+int Program::Dispatch() {
   if (options_.now) host::SetClockOverride(ParseDateOption(*options_.now, "--now"));
   const std::string& command = options_.command[0];
   if (command == "help") {

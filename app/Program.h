@@ -27,9 +27,13 @@ class Program {
   Program(Options options, std::ostream& out, std::ostream& err);
   ~Program();
 
+  // Carries out the command. When it fails, a transaction it left open on
+  // the POS database is rolled back before the failure goes on.
   int Run();
 
  private:
+  int Dispatch();
+  void RollBackOpenTransaction();
   int Init();
   int Info();
   int SettingsCommand();

@@ -5,6 +5,7 @@
 #include "connector/host/Error.h"
 #include "exchange/export/EntryExport.h"
 #include "exchange/export/KeyCaches.h"
+#include "exchange/import/ImportRun.h"
 #include "importlog/LumaroLog.h"
 
 namespace lumaro {
@@ -82,7 +83,8 @@ void LumaroExecutioner::ExportData(const std::string& path, int16_t& index,
 }
 
 void LumaroExecutioner::ImportData() {
-  // The import of master data comes with the import passes.
+  ImportRun run(*settings_, *setting_store_, *log_, notifier_);
+  run.ImportData();
 }
 
 void LumaroExecutioner::NotifyDetail(std::string_view text) {

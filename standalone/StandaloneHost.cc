@@ -11,7 +11,12 @@
 #include "connector/host/Regional.h"
 #include "connector/host/Text.h"
 #include "standalone/schema/PosDatabase.h"
+#include "standalone/services/SqliteCustomerService.h"
 #include "standalone/services/SqliteEntityServices.h"
+#include "standalone/services/SqliteFamilyService.h"
+#include "standalone/services/SqliteItemService.h"
+#include "standalone/services/SqliteSalesmanService.h"
+#include "standalone/services/SqliteTaxCalculator.h"
 
 namespace standalone {
 namespace {
@@ -187,6 +192,38 @@ std::unique_ptr<host::PriceLineService> StandaloneHost::NewPriceLineService() {
 
 std::unique_ptr<host::ItemService> StandaloneHost::NewItemService() {
   return std::make_unique<SqliteItemService>(*database_);
+}
+
+std::unique_ptr<host::CustomerService> StandaloneHost::NewCustomerService() {
+  return std::make_unique<SqliteCustomerService>(*database_);
+}
+
+std::unique_ptr<host::PartyAddressService> StandaloneHost::NewPartyAddressService() {
+  return std::make_unique<SqlitePartyAddressService>(*database_);
+}
+
+std::unique_ptr<host::CustomerZoneService> StandaloneHost::NewCustomerZoneService() {
+  return std::make_unique<SqliteCustomerZoneService>(*database_);
+}
+
+std::unique_ptr<host::CustomerGroupService> StandaloneHost::NewCustomerGroupService() {
+  return std::make_unique<SqliteCustomerGroupService>(*database_);
+}
+
+std::unique_ptr<host::FamilyService> StandaloneHost::NewFamilyService() {
+  return std::make_unique<SqliteFamilyService>(*database_);
+}
+
+std::unique_ptr<host::SupplierService> StandaloneHost::NewSupplierService() {
+  return std::make_unique<SqliteSupplierService>(*database_);
+}
+
+std::unique_ptr<host::ItemPropertyService> StandaloneHost::NewItemPropertyService() {
+  return std::make_unique<SqliteItemPropertyService>(*database_);
+}
+
+std::unique_ptr<host::TaxCalculator> StandaloneHost::NewTaxCalculator() {
+  return std::make_unique<SqliteTaxCalculator>(*database_);
 }
 
 }  // namespace standalone

@@ -51,6 +51,19 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::TenderService> NewTenderService() override;
   std::unique_ptr<host::PriceLineService> NewPriceLineService() override;
   std::unique_ptr<host::ItemService> NewItemService() override;
+  std::unique_ptr<host::CustomerService> NewCustomerService() override;
+  std::unique_ptr<host::PartyAddressService> NewPartyAddressService() override;
+  std::unique_ptr<host::CustomerZoneService> NewCustomerZoneService() override;
+  std::unique_ptr<host::CustomerGroupService> NewCustomerGroupService() override;
+  std::unique_ptr<host::FamilyService> NewFamilyService() override;
+  std::unique_ptr<host::SupplierService> NewSupplierService() override;
+  std::unique_ptr<host::ItemPropertyService> NewItemPropertyService() override;
+  std::unique_ptr<host::TaxCalculator> NewTaxCalculator() override;
+
+  host::ImportObserver* ImportObserver() override { return import_observer_; }
+  // Watches the imports from now on; nullptr stops. The observer outlives
+  // the runs it watches.
+  void SetImportObserver(host::ImportObserver* observer) { import_observer_ = observer; }
 
   SqliteDatabase& Database() { return *database_; }
   HostContextStore& ContextStore() { return *context_store_; }
@@ -69,6 +82,7 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<StandaloneContext> context_;
   std::unique_ptr<SqliteSettingStore> setting_store_;
   std::unique_ptr<Roots> roots_;
+  host::ImportObserver* import_observer_ = nullptr;
 };
 
 }  // namespace standalone

@@ -21,6 +21,8 @@ std::string StatementTexts::Value(const host::SqlStatement::Column& column) cons
       return format_.DateLiteral(column.date);
     case Kind::kTime:
       return format_.TimeLiteral(column.date);
+    case Kind::kNull:
+      return "NULL";
   }
   return "NULL";
 }

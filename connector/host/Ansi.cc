@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 
 #include "connector/host/Error.h"
 #include "connector/host/Utf8.h"
@@ -56,8 +58,9 @@ std::string FromAnsi(std::string_view ansi) {
   return result;
 }
 
-AnsiTextWriter::AnsiTextWriter(const std::string& path, bool create_new) : path_(path) {
-  file_ = std::fopen(path.c_str(), create_new ? "wbx" : "wb");
+AnsiTextWriter::AnsiTextWriter(const std::string& path, Mode mode) : path_(path) {
+  const char* how = mode == Mode::kCreateNew ? "wbx" : mode == Mode::kAppend ? "ab" : "wb";
+  file_ = std::fopen(path.c_str(), how);
   if (file_ == nullptr) {
     switch (errno) {
       case EEXIST:
@@ -90,34 +93,46 @@ void AnsiTextWriter::Close() {
   if (write_failed || close_failed) RaiseForFile(err::kDeviceIoError, path_);
 }
 
-std::vector<std::string> ReadAnsiLines(const std::string& path) {
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (file == nullptr) {
+AnsiLineReader::AnsiLineReader(const std::string& path) : path_(path) {
+  file_ = std::fopen(path.c_str(), "rb");
+  if (file_ == nullptr) {
     RaiseForFile(errno == ENOENT || errno == ENOTDIR ? err::kFileNotFound : err::kPermissionDenied,
                  path);
   }
-  std::string content;
-  char buffer[65536];
-  for (size_t read; (read = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
-    content.append(buffer, read);
-  }
-  const bool read_failed = std::ferror(file) != 0;
-  std::fclose(file);
-  if (read_failed) RaiseForFile(err::kDeviceIoError, path);
+}
 
-  std::vector<std::string> lines;
-  size_t begin = 0;
-  while (begin < content.size()) {
-    size_t end = content.find('\n', begin);
-    const size_t next = end == std::string::npos ? content.size() : end + 1;
-    if (end == std::string::npos) {
-      end = content.size();  // a last line without its end still counts
-    } else if (end > begin && content[end - 1] == '\r') {
-      --end;
-    }
-    lines.push_back(FromAnsi(std::string_view(content).substr(begin, end - begin)));
-    begin = next;
+AnsiLineReader::~AnsiLineReader() {
+  std::fclose(file_);
+  std::free(buffer_);
+}
+
+bool AnsiLineReader::AtEndOfStream() {
+  int next = std::fgetc(file_);
+  if (next == EOF) return true;
+  std::ungetc(next, file_);
+  return false;
+}
+
+bool AnsiLineReader::ReadLine(std::string& utf8_line) {
+  // getline counts what it read, so a NUL byte is a character like another.
+  ssize_t got = ::getline(&buffer_, &capacity_, file_);
+  if (got < 0) {
+    if (std::ferror(file_) != 0) RaiseForFile(err::kDeviceIoError, path_);
+    return false;
   }
+  size_t length = static_cast<size_t>(got);
+  if (length > 0 && buffer_[length - 1] == '\n') {
+    --length;
+    if (length > 0 && buffer_[length - 1] == '\r') --length;
+  }
+  utf8_line = FromAnsi(std::string_view(buffer_, length));
+  return true;
+}
+
+std::vector<std::string> ReadAnsiLines(const std::string& path) {
+  AnsiLineReader reader(path);
+  std::vector<std::string> lines;
+  for (std::string line; reader.ReadLine(line);) lines.push_back(line);
   return lines;
 }
 

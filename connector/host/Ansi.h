@@ -20,9 +20,14 @@ std::string FromAnsi(std::string_view ansi);
 // as the file system's TextStream does when opened "as ASCII".
 class AnsiTextWriter {
  public:
-  // Opens for writing. `create_new` fails with 58 when the file exists.
-  // Raises 76 "Path not found" when the folder is missing, 70 on refusal.
-  AnsiTextWriter(const std::string& path, bool create_new);
+  enum class Mode {
+    kCreate,     // a new file, or the old one emptied
+    kCreateNew,  // a new file; raises 58 when the file exists
+    kAppend,     // lines added at the end; the file made when missing
+  };
+  // Opens for writing. Raises 76 "Path not found" when the folder is
+  // missing, 70 on refusal.
+  AnsiTextWriter(const std::string& path, Mode mode);
   ~AnsiTextWriter();
   AnsiTextWriter(const AnsiTextWriter&) = delete;
   AnsiTextWriter& operator=(const AnsiTextWriter&) = delete;
@@ -35,8 +40,29 @@ class AnsiTextWriter {
   std::FILE* file_ = nullptr;
 };
 
-// Reads an ANSI text file's lines as UTF-8: up to CR LF or LF; a last line
-// without its end still counts. Raises 53 when the file is missing.
+// Reads an ANSI text file line by line, as UTF-8: a line ends at CR LF or
+// LF; a last line without its end still counts. Holds one line at a time.
+class AnsiLineReader {
+ public:
+  // Raises 53 when the file is missing, 70 when it cannot be read.
+  explicit AnsiLineReader(const std::string& path);
+  ~AnsiLineReader();
+  AnsiLineReader(const AnsiLineReader&) = delete;
+  AnsiLineReader& operator=(const AnsiLineReader&) = delete;
+
+  bool AtEndOfStream();
+  // The next line into `utf8_line`; false at the end of the stream. Raises
+  // 57 when the file cannot be read on.
+  bool ReadLine(std::string& utf8_line);
+
+ private:
+  std::string path_;
+  std::FILE* file_ = nullptr;
+  char* buffer_ = nullptr;  // getline's, grown to the longest line
+  size_t capacity_ = 0;
+};
+
+// Every line of an ANSI text file, as AnsiLineReader reads them.
 std::vector<std::string> ReadAnsiLines(const std::string& path);
 
 }  // namespace host

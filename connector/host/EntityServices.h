@@ -1,9 +1,14 @@
 #ifndef LUMARO_CONNECTOR_HOST_ENTITY_SERVICES_H_
 #define LUMARO_CONNECTOR_HOST_ENTITY_SERVICES_H_
 
-// The host's entity services. A lookup that finds nothing gives an empty
-// reference, id 0 or empty text, never an error; a failure of the database
-// is a raised host::Error.
+// The host's entity services, one per entity. A lookup that finds nothing
+// gives an empty reference, id 0 or empty text, never an error; a failure of
+// the database is a raised host::Error. A Save that the database refuses
+// (a text too long for its column, a broken key) raises too, and changes
+// nothing.
+//
+// "First" records (the fall-backs a caller takes when a key is unknown) are
+// the host's first by id.
 
 #include <memory>
 #include <string>
@@ -11,6 +16,7 @@
 
 #include "connector/host/Currency.h"
 #include "connector/host/Entities.h"
+#include "connector/host/ItemEntity.h"
 #include "connector/host/Recordset.h"
 
 namespace host {
@@ -25,25 +31,39 @@ class CurrencyService {
 class SalesmanService {
  public:
   virtual ~SalesmanService() = default;
+  // By id, or by key when the id is 0 and a key is given.
   virtual std::shared_ptr<Salesman> Get(double salesman_id, std::string_view salesman_key) = 0;
+  // The id of the salesman with that key; 0 for an empty or unknown key.
+  virtual double GetIDFromKey(std::string_view salesman_key) = 0;
+  virtual double GetFirstID() = 0;
+  // The id a new salesman takes.
+  virtual double NextID() = 0;
+  // Inserts the salesman under `salesman_id`, or updates the one there.
+  virtual void Save(const Salesman& salesman, double salesman_id) = 0;
 };
 
 class CarrierService {
  public:
   virtual ~CarrierService() = default;
   virtual std::shared_ptr<Carrier> Get(double carrier_id) = 0;
+  // 0 for an empty or unknown key.
+  virtual double GetIDFromKey(std::string_view carrier_key) = 0;
+  virtual double GetFirstID() = 0;
 };
 
 class PaymentService {
  public:
   virtual ~PaymentService() = default;
   virtual std::shared_ptr<Payment> Get(double payment_id) = 0;
+  virtual double GetFirstID() = 0;
 };
 
 class TenderService {
  public:
   virtual ~TenderService() = default;
   virtual std::shared_ptr<Tender> Get(double tender_id, std::string_view tender_key) = 0;
+  // The tender a customer pays with unless told otherwise.
+  virtual double GetDefaultTenderID() = 0;
 };
 
 class PriceLineService {
@@ -51,10 +71,71 @@ class PriceLineService {
   virtual ~PriceLineService() = default;
   // The back office's key of a price line; empty when unknown.
   virtual std::string GetKey(double price_line_id) = 0;
-  // The id of the price line with that key; 0 when unknown.
+  // The id of the price line with that key; 0 for an empty or unknown key.
   virtual double GetID(std::string_view price_line_key) = 0;
+  // The first price line a customer can buy on (line 0 is the cost).
+  virtual double GetFirstID() = 0;
   // Every price line of the host, ordered by id.
   virtual RecordsetPtr GetPriceLines() = 0;
+};
+
+// The customers' zones.
+class CustomerZoneService {
+ public:
+  virtual ~CustomerZoneService() = default;
+  // 0 for an empty or unknown key.
+  virtual double GetIDFromKey(std::string_view zone_key) = 0;
+  virtual double GetFirstID() = 0;
+};
+
+class CustomerGroupService {
+ public:
+  virtual ~CustomerGroupService() = default;
+  // 0 for an empty or unknown key.
+  virtual double GetIDFromKey(std::string_view group_key) = 0;
+};
+
+class PartyAddressService {
+ public:
+  virtual ~PartyAddressService() = default;
+  // The address `address_id` of the party: the stored one, or a new record
+  // with that key when the party has none.
+  virtual std::shared_ptr<PartyAddress> GetPartyAddress(double address_id, double party_id) = 0;
+};
+
+class CustomerService {
+ public:
+  virtual ~CustomerService() = default;
+  // The id of the customer with that key; 0 for an empty or unknown key.
+  virtual double GetCustomerIDFromKey(std::string_view customer_key) = 0;
+  virtual bool Exists(double customer_id) = 0;
+  virtual std::shared_ptr<Customer> Get(double customer_id) = 0;
+  // Inserts the customer (with its party and main address) under
+  // `customer_id`, or updates the one there.
+  virtual void Save(const Customer& customer, double customer_id) = 0;
+};
+
+class FamilyService {
+ public:
+  virtual ~FamilyService() = default;
+  // The id of the family with that key, the empty key included; 0 when
+  // there is none.
+  virtual double GetIDFromKey(std::string_view family_key) = 0;
+  virtual bool Exists(double family_id) = 0;
+  virtual std::shared_ptr<Family> Get(double family_id) = 0;
+  virtual double NextID() = 0;
+  // The family that items without one belong to: the root of the tree.
+  virtual double GetDefaultFamilyID() = 0;
+  // Inserts the family with its level rows under `family_id`, or updates the
+  // one there.
+  virtual void Save(const Family& family, double family_id) = 0;
+};
+
+class SupplierService {
+ public:
+  virtual ~SupplierService() = default;
+  // The supplier of an item that names none; 0 when the host has none.
+  virtual double GetDefaultSupplierID() = 0;
 };
 
 class ItemService {
@@ -62,6 +143,44 @@ class ItemService {
   virtual ~ItemService() = default;
   // The back office's key of an item; empty when unknown.
   virtual std::string GetKey(std::string_view item_id) = 0;
+  // The id of the item with that key; empty for an empty or unknown key.
+  virtual std::string GetItemIDFromKey(std::string_view item_key) = 0;
+  virtual bool Exists(std::string_view item_id) = 0;
+  // The item with all its collections; an empty reference when there is
+  // none. Its selling prices have a row for every price line of the host.
+  virtual std::shared_ptr<Item> Get(std::string_view item_id) = 0;
+  virtual bool HasComponents(std::string_view item_id) = 0;
+  // Inserts the item or updates it, and replaces its collections.
+  virtual void Save(const Item& item) = 0;
+  // Replaces the selling prices of one item.
+  virtual void SaveSellingPrices(const ItemSellingPrices& prices, std::string_view item_id) = 0;
+};
+
+class ItemPropertyService {
+ public:
+  virtual ~ItemPropertyService() = default;
+  // The property of an item tracked by up to three properties (the first is
+  // the one that counts); an empty reference when the host has no such
+  // property.
+  virtual std::shared_ptr<ItemProperty> Load(std::string_view property_id1,
+                                             std::string_view property_id2,
+                                             std::string_view property_id3) = 0;
+};
+
+// Prices with and without tax. Made with a fresh tax-rate object: the rates
+// it reads are kept for its life.
+class TaxCalculator {
+ public:
+  virtual ~TaxCalculator() = default;
+  // The tax context: the country, the region and the tax regime of the
+  // prices.
+  struct Context {
+    std::string CountryID;
+    std::string TaxRegionID;
+    int16_t TaxRegime = 0;
+  };
+  virtual double AddTax(double price, int16_t taxable_group_id, const Context& context) = 0;
+  virtual double RemoveTax(double price, int16_t taxable_group_id, const Context& context) = 0;
 };
 
 }  // namespace host

@@ -11,6 +11,7 @@
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
 #include "connector/host/FileTools.h"
+#include "connector/host/ImportObserver.h"
 #include "connector/host/SaleDocumentReader.h"
 #include "connector/host/Security.h"
 #include "connector/host/SettingStore.h"
@@ -93,6 +94,17 @@ class Host {
   virtual std::unique_ptr<host::TenderService> NewTenderService() = 0;
   virtual std::unique_ptr<host::PriceLineService> NewPriceLineService() = 0;
   virtual std::unique_ptr<host::ItemService> NewItemService() = 0;
+  virtual std::unique_ptr<host::CustomerService> NewCustomerService() = 0;
+  virtual std::unique_ptr<host::PartyAddressService> NewPartyAddressService() = 0;
+  virtual std::unique_ptr<host::CustomerZoneService> NewCustomerZoneService() = 0;
+  virtual std::unique_ptr<host::CustomerGroupService> NewCustomerGroupService() = 0;
+  virtual std::unique_ptr<host::FamilyService> NewFamilyService() = 0;
+  virtual std::unique_ptr<host::SupplierService> NewSupplierService() = 0;
+  virtual std::unique_ptr<host::ItemPropertyService> NewItemPropertyService() = 0;
+  virtual std::unique_ptr<host::TaxCalculator> NewTaxCalculator() = 0;
+
+  // The host's watcher of imports, if it has one; most hosts have none.
+  virtual host::ImportObserver* ImportObserver() { return nullptr; }
 };
 
 }  // namespace host

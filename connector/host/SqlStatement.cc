@@ -38,6 +38,10 @@ void SqlStatement::Number(std::string_view column, double value) {
   Put(columns_, Column{std::string(column), Kind::kNumber, {}, value, {}});
 }
 
+void SqlStatement::Null(std::string_view column) {
+  Put(columns_, Column{std::string(column), Kind::kNull, {}, 0, {}});
+}
+
 void SqlStatement::SelectColumn(std::string_view column) {
   for (const std::string& existing : selected_) {
     if (existing == column) return;

@@ -15,7 +15,7 @@ namespace host {
 // statement can be refilled row after row.
 class SqlStatement {
  public:
-  enum class Kind { kText, kBoolean, kDate, kDateTime, kTime, kNumber };
+  enum class Kind { kText, kBoolean, kDate, kDateTime, kTime, kNumber, kNull };
 
   struct Column {
     std::string name;
@@ -38,6 +38,7 @@ class SqlStatement {
   void DateTime(std::string_view column, host::Date value);  // date and time
   void Time(std::string_view column, host::Date value);      // the time alone
   void Number(std::string_view column, double value);
+  void Null(std::string_view column);
   void SelectColumn(std::string_view column);
   void KeyNumber(std::string_view column, double value);
   void KeyText(std::string_view column, std::string_view value);

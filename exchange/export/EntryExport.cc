@@ -1,11 +1,10 @@
 #include "exchange/export/EntryExport.h"
 
-#include <sys/stat.h>
-
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
+#include "connector/host/FileSystem.h"
 #include "exchange/export/ExportRecords.h"
 
 namespace lumaro {
@@ -14,22 +13,6 @@ namespace {
 constexpr int32_t kFolderMissing = 4140034;
 constexpr int32_t kMakingExportFile = 4140044;
 constexpr int32_t kProgressOfTotal = 4140039;
-
-bool FolderExists(const std::string& path) {
-  struct stat info;
-  return !path.empty() && ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
-bool FileExists(const std::string& path) {
-  struct stat info;
-  return ::stat(path.c_str(), &info) == 0;
-}
-
-// The file system's BuildPath: one separator between folder and name.
-std::string BuildPath(const std::string& folder, const std::string& name) {
-  if (!folder.empty() && (folder.back() == '/' || folder.back() == '\\')) return folder + name;
-  return folder + "/" + name;
-}
 
 }  // namespace
 
@@ -70,15 +53,15 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   reader_ = host_.NewSaleDocumentReader();
   std::string name = "ETpv " + entry_.LumaroWorkstationID + " " +
                      host::FormatNumber(file_number, "0000000") + ".txt";
-  std::string full_path = BuildPath(folder, name);
+  std::string full_path = host::BuildPath(folder, name);
   host::UIManager& ui = host_.UIManager();
-  if (!FolderExists(folder)) {
+  if (!host::FolderExists(folder)) {
     ui.MsgBox(ui.Messages().Text(kFolderMissing), host::msgbox::kInformation);
     return {};
   }
   // The existing file stays as it is and the number does not move: this
   // entry stops here, run after run, until somebody removes the file.
-  if (FileExists(full_path)) {
+  if (host::FileExists(full_path)) {
     ui.MsgBox("O ficheiro " + full_path + " já existe!", host::msgbox::kInformation);
     return {};
   }
@@ -93,7 +76,7 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   if (!first.anything) return {};
 
   Notifier().Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
-  writer_ = std::make_unique<host::AnsiTextWriter>(full_path, false);
+  writer_ = std::make_unique<host::AnsiTextWriter>(full_path, host::AnsiTextWriter::Mode::kCreate);
   host::SystemContext& context = host_.SystemManager().Context();
   Write(BuildHeader(settings_.SQLCompanyID, settings_.SQLCompanyYear, context.CompanyNumber(),
                     context.CurrentWorkstation().WorkstationID(), entry_.LumaroWorkstationID,

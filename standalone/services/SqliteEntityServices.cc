@@ -1,6 +1,7 @@
 #include "standalone/services/SqliteEntityServices.h"
 
 #include "connector/host/FieldConverter.h"
+#include "standalone/services/EntityRows.h"
 
 namespace standalone {
 namespace {
@@ -44,17 +45,6 @@ std::shared_ptr<host::Currency> SqliteCurrencyService::Get(std::string_view curr
   return currency;
 }
 
-std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
-                                                           std::string_view salesman_key) {
-  auto rs = RowByIdOrKey(db_, "Salesman", "SalesmanID", salesman_id, "SalesmanKey", salesman_key);
-  if (!rs) return nullptr;
-  auto salesman = std::make_shared<host::Salesman>();
-  salesman->SalesmanID = FieldConverter::ToNumber(rs->Fields("SalesmanID"));
-  salesman->SalesmanKey = FieldConverter::ToText(rs->Fields("SalesmanKey"));
-  salesman->SalesmanName = FieldConverter::ToText(rs->Fields("SalesmanName"));
-  return salesman;
-}
-
 std::shared_ptr<host::Carrier> SqliteCarrierService::Get(double carrier_id) {
   auto rs = RowWhere(db_, "Carrier", "CarrierID", carrier_id);
   if (!rs) return nullptr;
@@ -65,6 +55,12 @@ std::shared_ptr<host::Carrier> SqliteCarrierService::Get(double carrier_id) {
   return carrier;
 }
 
+double SqliteCarrierService::GetIDFromKey(std::string_view carrier_key) {
+  return IdFromKey(db_, "Carrier", "CarrierID", "CarrierKey", carrier_key);
+}
+
+double SqliteCarrierService::GetFirstID() { return FirstId(db_, "Carrier", "CarrierID"); }
+
 std::shared_ptr<host::Payment> SqlitePaymentService::Get(double payment_id) {
   auto rs = RowWhere(db_, "Payment", "PaymentID", payment_id);
   if (!rs) return nullptr;
@@ -74,6 +70,8 @@ std::shared_ptr<host::Payment> SqlitePaymentService::Get(double payment_id) {
   payment->Description = FieldConverter::ToText(rs->Fields("Description"));
   return payment;
 }
+
+double SqlitePaymentService::GetFirstID() { return FirstId(db_, "Payment", "PaymentID"); }
 
 std::shared_ptr<host::Tender> SqliteTenderService::Get(double tender_id,
                                                        std::string_view tender_key) {
@@ -86,6 +84,8 @@ std::shared_ptr<host::Tender> SqliteTenderService::Get(double tender_id,
   return tender;
 }
 
+double SqliteTenderService::GetDefaultTenderID() { return FirstId(db_, "Tender", "TenderID"); }
+
 std::string SqlitePriceLineService::GetKey(double price_line_id) {
   auto it = keys_.find(price_line_id);
   if (it != keys_.end()) return it->second;
@@ -96,22 +96,68 @@ std::string SqlitePriceLineService::GetKey(double price_line_id) {
 }
 
 double SqlitePriceLineService::GetID(std::string_view price_line_key) {
-  auto rs = RowWhere(db_, "PriceLine", "PriceLineKey", price_line_key);
-  return rs ? FieldConverter::ToNumber(rs->Fields("PriceLineID")) : 0;
+  return IdFromKey(db_, "PriceLine", "PriceLineID", "PriceLineKey", price_line_key);
+}
+
+double SqlitePriceLineService::GetFirstID() {
+  return FirstId(db_, "PriceLine", "PriceLineID", "PriceLineID>0");
 }
 
 host::RecordsetPtr SqlitePriceLineService::GetPriceLines() {
   return db_.OpenRecordset("SELECT * FROM PriceLine ORDER BY PriceLineID");
 }
 
-std::string SqliteItemService::GetKey(std::string_view item_id) {
-  std::string id(item_id);
-  auto it = keys_.find(id);
-  if (it != keys_.end()) return it->second;
-  auto rs = RowWhere(db_, "Item", "ItemID", item_id);
-  std::string key = rs ? FieldConverter::ToText(rs->Fields("ItemKey")) : "";
-  keys_.emplace(std::move(id), key);
-  return key;
+double SqliteCustomerZoneService::GetIDFromKey(std::string_view zone_key) {
+  return IdFromKey(db_, "Zone", "ZoneID", "ZoneKey", zone_key);
+}
+
+double SqliteCustomerZoneService::GetFirstID() { return FirstId(db_, "Zone", "ZoneID"); }
+
+double SqliteCustomerGroupService::GetIDFromKey(std::string_view group_key) {
+  return IdFromKey(db_, "CustomerGroups", "GroupID", "GroupKey", group_key);
+}
+
+std::shared_ptr<host::PartyAddress> SqlitePartyAddressService::GetPartyAddress(double address_id,
+                                                                               double party_id) {
+  auto address = std::make_shared<host::PartyAddress>();
+  address->PartyID = party_id;
+  address->AddressID = address_id;
+  auto rs = db_.OpenRecordset("SELECT * FROM PartyAddress WHERE PartyID=" +
+                              db_.SqlFormat().Number(party_id) +
+                              " AND AddressID=" + db_.SqlFormat().Number(address_id));
+  if (rs->Eof()) return address;
+  address->AddressLine1 = FieldConverter::ToText(rs->Fields("AddressLine1"));
+  address->AddressLine2 = FieldConverter::ToText(rs->Fields("AddressLine2"));
+  address->PostalCode = FieldConverter::ToText(rs->Fields("PostalCode"));
+  address->CountryID = FieldConverter::ToText(rs->Fields("CountryID"));
+  address->ProvinceID = FieldConverter::ToText(rs->Fields("ProvinceID"));
+  address->LocalityID = FieldConverter::ToNumber(rs->Fields("LocalityID"));
+  return address;
+}
+
+double SqliteSupplierService::GetDefaultSupplierID() {
+  return FirstId(db_, "Supplier", "SupplierID");
+}
+
+std::shared_ptr<host::ItemProperty> SqliteItemPropertyService::Load(std::string_view property_id1,
+                                                                    std::string_view,
+                                                                    std::string_view) {
+  auto rs = RowWhere(db_, "ItemProperty", "PropertyID", property_id1);
+  if (!rs) return nullptr;
+  auto property = std::make_shared<host::ItemProperty>();
+  property->PropertyID = FieldConverter::ToText(rs->Fields("PropertyID"));
+  property->Description = FieldConverter::ToText(rs->Fields("Description"));
+  property->KeyDescription = FieldConverter::ToText(rs->Fields("KeyDescription"));
+  property->PropertyKeyType = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("PropertyKeyType")));
+  property->ControlMode = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ControlMode")));
+  property->ControlType = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ControlType")));
+  property->UsePropertyTable = FieldConverter::ToBoolean(rs->Fields("UsePropertyTable"));
+  property->UseProductionDate = FieldConverter::ToBoolean(rs->Fields("UseProductionDate"));
+  property->UseExpirationDate = FieldConverter::ToBoolean(rs->Fields("UseExpirationDate"));
+  property->ExpirationDateControl =
+      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ExpirationDateControl")));
+  property->MaximumQuantity = FieldConverter::ToNumber(rs->Fields("MaximumQuantity"));
+  return property;
 }
 
 bool SqliteSaleDocumentReader::Load(std::string_view trans_serial,

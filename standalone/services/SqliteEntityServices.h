@@ -1,16 +1,17 @@
 #ifndef LUMARO_STANDALONE_SERVICES_SQLITE_ENTITY_SERVICES_H_
 #define LUMARO_STANDALONE_SERVICES_SQLITE_ENTITY_SERVICES_H_
 
-// The host's entity services over the POS database. They share one shape:
-// a row found by its id (or key) gives the entity, no row gives an empty
-// reference, 0 or empty text.
+// The host's small entity services over the POS database: those that only
+// find a row by id or key, or name the first one. They share one shape: a
+// row found gives the entity, no row gives an empty reference, 0 or empty
+// text. The services that save entities have files of their own.
 
 #include <string>
 #include <unordered_map>
 
+#include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
 #include "connector/host/SaleDocumentReader.h"
-#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 
@@ -24,19 +25,12 @@ class SqliteCurrencyService : public host::CurrencyService {
   host::DatabaseService& db_;
 };
 
-class SqliteSalesmanService : public host::SalesmanService {
- public:
-  explicit SqliteSalesmanService(host::DatabaseService& db) : db_(db) {}
-  std::shared_ptr<host::Salesman> Get(double salesman_id, std::string_view salesman_key) override;
-
- private:
-  host::DatabaseService& db_;
-};
-
 class SqliteCarrierService : public host::CarrierService {
  public:
   explicit SqliteCarrierService(host::DatabaseService& db) : db_(db) {}
   std::shared_ptr<host::Carrier> Get(double carrier_id) override;
+  double GetIDFromKey(std::string_view carrier_key) override;
+  double GetFirstID() override;
 
  private:
   host::DatabaseService& db_;
@@ -46,6 +40,7 @@ class SqlitePaymentService : public host::PaymentService {
  public:
   explicit SqlitePaymentService(host::DatabaseService& db) : db_(db) {}
   std::shared_ptr<host::Payment> Get(double payment_id) override;
+  double GetFirstID() override;
 
  private:
   host::DatabaseService& db_;
@@ -55,6 +50,8 @@ class SqliteTenderService : public host::TenderService {
  public:
   explicit SqliteTenderService(host::DatabaseService& db) : db_(db) {}
   std::shared_ptr<host::Tender> Get(double tender_id, std::string_view tender_key) override;
+  // The first tender by id (cash, in a new POS).
+  double GetDefaultTenderID() override;
 
  private:
   host::DatabaseService& db_;
@@ -66,6 +63,8 @@ class SqlitePriceLineService : public host::PriceLineService {
   explicit SqlitePriceLineService(host::DatabaseService& db) : db_(db) {}
   std::string GetKey(double price_line_id) override;
   double GetID(std::string_view price_line_key) override;
+  // The first line above 0: line 0 holds the cost and is no one's price.
+  double GetFirstID() override;
   host::RecordsetPtr GetPriceLines() override;
 
  private:
@@ -73,15 +72,53 @@ class SqlitePriceLineService : public host::PriceLineService {
   std::unordered_map<double, std::string> keys_;
 };
 
-// Keeps the keys it has read for its own life (the run that made it).
-class SqliteItemService : public host::ItemService {
+class SqliteCustomerZoneService : public host::CustomerZoneService {
  public:
-  explicit SqliteItemService(host::DatabaseService& db) : db_(db) {}
-  std::string GetKey(std::string_view item_id) override;
+  explicit SqliteCustomerZoneService(host::DatabaseService& db) : db_(db) {}
+  double GetIDFromKey(std::string_view zone_key) override;
+  double GetFirstID() override;
 
  private:
   host::DatabaseService& db_;
-  std::unordered_map<std::string, std::string> keys_;
+};
+
+class SqliteCustomerGroupService : public host::CustomerGroupService {
+ public:
+  explicit SqliteCustomerGroupService(host::DatabaseService& db) : db_(db) {}
+  double GetIDFromKey(std::string_view group_key) override;
+
+ private:
+  host::DatabaseService& db_;
+};
+
+class SqlitePartyAddressService : public host::PartyAddressService {
+ public:
+  explicit SqlitePartyAddressService(host::DatabaseService& db) : db_(db) {}
+  std::shared_ptr<host::PartyAddress> GetPartyAddress(double address_id, double party_id) override;
+
+ private:
+  host::DatabaseService& db_;
+};
+
+class SqliteSupplierService : public host::SupplierService {
+ public:
+  explicit SqliteSupplierService(host::DatabaseService& db) : db_(db) {}
+  // The first supplier by id.
+  double GetDefaultSupplierID() override;
+
+ private:
+  host::DatabaseService& db_;
+};
+
+class SqliteItemPropertyService : public host::ItemPropertyService {
+ public:
+  explicit SqliteItemPropertyService(host::DatabaseService& db) : db_(db) {}
+  std::shared_ptr<host::ItemProperty> Load(std::string_view property_id1,
+                                           std::string_view property_id2,
+                                           std::string_view property_id3) override;
+
+ private:
+  host::DatabaseService& db_;
 };
 
 // Reads a sale document's head. Its PartyDocumentText is how the document's

@@ -54,20 +54,20 @@ class AnsiFiles : public ::testing::Test {
 TEST_F(AnsiFiles, WriterEndsEveryLineWithCrLfAndReplacesOrRefusesAFile) {
   std::ofstream(PathOf("out.txt")) << "old content that is longer\r\n";
   {
-    AnsiTextWriter writer(PathOf("out.txt"), /*create_new=*/false);
+    AnsiTextWriter writer(PathOf("out.txt"), AnsiTextWriter::Mode::kCreate);
     writer.WriteLine("Olá €;1,5");
     writer.WriteLine("");
     writer.WriteLine("中");
   }  // the destructor closes and keeps what was written
   EXPECT_EQ(BytesOf("out.txt"), "Ol\xE1 \x80;1,5\r\n\r\n?\r\n");
-  EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(PathOf("out.txt"), true); }),
+  EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(PathOf("out.txt"), AnsiTextWriter::Mode::kCreateNew); }),
             err::kFileAlreadyExists);
   EXPECT_EQ(BytesOf("out.txt"), "Ol\xE1 \x80;1,5\r\n\r\n?\r\n");
 
-  const Error error = RaisedError([&] { AnsiTextWriter(PathOf("missing/out.txt"), true); });
+  const Error error = RaisedError([&] { AnsiTextWriter(PathOf("missing/out.txt"), AnsiTextWriter::Mode::kCreateNew); });
   EXPECT_EQ(error.Number(), err::kPathNotFound);
   EXPECT_NE(error.Description().find(PathOf("missing/out.txt")), std::string::npos);
-  EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(folder_.string(), false); }),
+  EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(folder_.string(), AnsiTextWriter::Mode::kCreate); }),
             err::kPermissionDenied);  // a folder cannot be written as a file
   EXPECT_EQ(RaisedNumber([&] { ReadAnsiLines(PathOf("absent.txt")); }), err::kFileNotFound);
 }

@@ -1,0 +1,65 @@
+#ifndef LUMARO_STANDALONE_SERVICES_ENTITY_ROWS_H_
+#define LUMARO_STANDALONE_SERVICES_ENTITY_ROWS_H_
+
+// What the entity services share: how a row is found by its key, how the
+// first row of a table is chosen, and how an entity's rows are written.
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "connector/host/DatabaseService.h"
+
+namespace standalone {
+
+// The id of the row whose `key_column` equals `key` exactly; the lowest id
+// when several have it. 0 for an empty key or when there is none.
+double IdFromKey(host::DatabaseService& db, std::string_view table, std::string_view id_column,
+                 std::string_view key_column, std::string_view key);
+
+// The lowest id of the table (of the rows that meet `where`, when given);
+// 0 for an empty table. The host's "first" record.
+double FirstId(host::DatabaseService& db, std::string_view table, std::string_view id_column,
+               std::string_view where = "");
+
+// MAX(id) + 1; 1 for an empty table.
+double NextId(host::DatabaseService& db, std::string_view table, std::string_view id_column);
+
+// Whether a row has `id_column` = `id`.
+bool RowExists(host::DatabaseService& db, std::string_view table, std::string_view id_column,
+               double id);
+
+// A date column that holds NULL when the date is not set.
+void SetDate(host::SqlStatement& statement, std::string_view column,
+             const std::optional<host::Date>& date);
+std::optional<host::Date> DateOrNull(const host::Variant& value);
+
+// Writes an entity's rows as the host's database would take them: a text
+// longer than its column (VARCHAR(n), counted in characters) is refused with
+// error -2147217833 before anything is written, as a server refuses to cut
+// it. The lengths of a table's columns are read once, at its first write.
+class EntityWriter {
+ public:
+  explicit EntityWriter(host::DatabaseService& db) : db_(db) {}
+
+  // Runs the writes of one entity so that a refusal in any of them leaves
+  // none written (a savepoint inside the caller's transaction).
+  void Atomically(const std::function<void()>& writes);
+
+  void Insert(const host::SqlStatement& statement);
+  void Update(const host::SqlStatement& statement);
+  void Delete(const host::SqlStatement& statement);
+
+ private:
+  void CheckLengths(const host::SqlStatement& statement);
+
+  host::DatabaseService& db_;
+  // Per table: the declared length of each text column that has one.
+  std::unordered_map<std::string, std::unordered_map<std::string, size_t>> lengths_;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_SERVICES_ENTITY_ROWS_H_

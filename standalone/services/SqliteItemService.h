@@ -1,0 +1,49 @@
+#ifndef LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
+#define LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "connector/host/DatabaseService.h"
+#include "connector/host/EntityServices.h"
+#include "standalone/services/EntityRows.h"
+
+namespace standalone {
+
+// Items: the table Item and the rows that hang on an item (ItemSellingPrices,
+// ItemSupplier, POSIdentity for the further barcodes, ItemComponents,
+// AlternativeItem, ItemPropertytable). A save writes the item's row and
+// replaces each collection, all or nothing. Keeps the keys it has read and
+// the host's price lines for its own life (the run that made it).
+class SqliteItemService : public host::ItemService {
+ public:
+  explicit SqliteItemService(host::DatabaseService& db) : db_(db), writer_(db) {}
+  std::string GetKey(std::string_view item_id) override;
+  std::string GetItemIDFromKey(std::string_view item_key) override;
+  bool Exists(std::string_view item_id) override;
+  std::shared_ptr<host::Item> Get(std::string_view item_id) override;
+  bool HasComponents(std::string_view item_id) override;
+  void Save(const host::Item& item) override;
+  void SaveSellingPrices(const host::ItemSellingPrices& prices, std::string_view item_id) override;
+
+ private:
+  void LoadCollections(host::Item& item);
+  void WriteItemRow(const host::Item& item, bool exists);
+  void WriteSellingPrices(const host::ItemSellingPrices& prices, std::string_view item_id);
+  void WriteCollections(const host::Item& item);
+  // Deletes the rows of `table` that belong to the item.
+  void DeleteRows(const char* table, std::string_view item_id);
+  host::RecordsetPtr RowsOf(const char* table, std::string_view item_id,
+                            const char* order_by = nullptr);
+
+  host::DatabaseService& db_;
+  EntityWriter writer_;
+  std::unordered_map<std::string, std::string> keys_;
+  std::vector<double> price_lines_;
+  bool price_lines_read_ = false;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
