@@ -1,0 +1,511 @@
+// The import run end to end through the lumaro program: which files of the
+// exchange folder are taken, the log that keeps a file from being read twice,
+// the number of the last file, the error file, the filters of the settings,
+// and what bad input gets. Files are built here as Windows-1252 bytes with
+// CR LF line ends.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "standalone/sqlite/SqliteDatabase.h"
+#include "tests/app/ProgramRunner.h"
+#include "tests/support/TestHost.h"
+
+namespace {
+
+using testsupport::FileExists;
+using testsupport::ReadBytes;
+using testsupport::RunLumaro;
+
+const std::string kNow = "2026-03-14 10:00:00";
+const std::string kHeader = "HF^4^1^EMP01^2026";
+
+// The fields of a record: `leading` from position 0 on, then empty ones up
+// to `count` fields.
+std::vector<std::string> Fields(size_t count, std::initializer_list<std::string> leading) {
+  std::vector<std::string> fields(leading);
+  fields.resize(count);
+  return fields;
+}
+
+std::string Join(const std::vector<std::string>& fields) {
+  std::string line = fields[0];
+  for (size_t i = 1; i < fields.size(); ++i) line += "^" + fields[i];
+  return line;
+}
+
+std::string Vn(const std::string& code, const std::string& name, const std::string& remarks = "") {
+  auto f = Fields(14, {"VN", code, name});
+  f[13] = remarks;
+  return Join(f);
+}
+
+std::string Cl(const std::string& number, const std::string& zone = "",
+               const std::string& group = "", const std::string& salesman = "",
+               const std::string& discount = "0", const std::string& inactive = "0") {
+  auto f = Fields(24, {"CL", number, "Cliente " + number});
+  f[6] = zone, f[11] = group, f[14] = salesman, f[16] = discount;
+  f[20] = "C", f[21] = inactive, f[23] = "0";
+  return Join(f);
+}
+
+std::string Fa(const std::string& key, const std::string& level1, const std::string& level2) {
+  auto f = Fields(10, {"FA", key, level1, level2});
+  f[7] = "Familia " + key;
+  return Join(f);
+}
+
+std::string Ar(const std::string& key, const std::string& family1 = "",
+               const std::string& family2 = "", const std::string& tip_val = "0",
+               const std::string& from = "01-01-2026", const std::string& to = "31-12-2026") {
+  auto f = Fields(25, {"AR", key, key, "Artigo " + key, "A", "", family1, family2});
+  f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0";
+  f[16] = tip_val, f[17] = from, f[18] = to, f[20] = "0", f[24] = "0";
+  return Join(f);
+}
+
+std::string Ap(const std::string& item, const std::string& line, const std::string& price) {
+  auto f = Fields(9, {"AP", item, line, price});
+  f[8] = "0";
+  return Join(f);
+}
+
+// The lines of a file, each ended by CR LF.
+std::string Lines(std::initializer_list<std::string> lines) {
+  std::string bytes;
+  for (const auto& line : lines) bytes += line + "\r\n";
+  return bytes;
+}
+
+using Settings = std::map<std::string, std::string>;
+
+// A shop's folder: a POS database with the settings stored, and an exchange
+// folder. `settings` overrides attributes of the settings document.
+class ImportShop {
+ public:
+  explicit ImportShop(const Settings& settings = {}, bool make_exchange = true) {
+    Settings attributes = {{"ImportExportPath", Exchange()}, {"InitializeFamilyLevel", "3"}};
+    for (const char* name : {"InitializeCustomerGroup", "InitializeZone", "InitializeSalesman",
+                             "InitializeFamily", "InitializePriceLine"}) {
+      attributes[name] = "";
+    }
+    attributes["LastImportNumber"] = "0";
+    attributes["Active"] = "1";
+    for (const auto& [name, value] : settings) attributes[name] = value;
+    std::string xml =
+        "<LumaroConnectorSetting LumaroDelegationID=\"1\" TillID=\"3\" SQLCompanyID=\"EMP01\" "
+        "SQLCompanyYear=\"2026\"";
+    for (const auto& [name, value] : attributes) {
+      if (name != "Active") xml += " " + name + "=\"" + value + "\"";
+    }
+    xml +=
+        "><Workstations><Workstation LumaroWorkstationID=\"02\" TransSerial=\"A\" "
+        "WorkstationList=\"1,2\" LastExportNumber=\"0\" Active=\"" +
+        attributes["Active"] + "\"/></Workstations></LumaroConnectorSetting>\n";
+    std::ofstream(folder_.File("settings.xml")) << xml;
+    EXPECT_EQ(Lumaro({"settings", "load", "settings.xml"}).exit_code, 0);
+    if (make_exchange) ::mkdir(Exchange().c_str(), 0755);
+  }
+
+  testsupport::ProgramResult Lumaro(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--db", "pos.db"});
+    return RunLumaro(folder_.Path(), args);
+  }
+  testsupport::ProgramResult Import(const std::string& now = kNow,
+                                    const std::string& workstation = "1") {
+    return Lumaro({"--workstation", workstation, "--now", now, "import"});
+  }
+  std::string Exchange() const { return folder_.File("exchange"); }
+  std::string InExchange(const std::string& name) const { return Exchange() + "/" + name; }
+
+  // Writes an import file; its last-modified time is set to `modified`
+  // (local time) when given.
+  void Write(const std::string& name, const std::string& bytes, const std::string& modified = "") {
+    std::ofstream(InExchange(name), std::ios::binary) << bytes;
+    if (!modified.empty()) Touch(name, modified);
+  }
+  void Touch(const std::string& name, const std::string& local_time) {
+    std::tm tm{};
+    ASSERT_NE(::strptime(local_time.c_str(), "%Y-%m-%d %H:%M:%S", &tm), nullptr);
+    tm.tm_isdst = -1;
+    timeval times[2] = {{std::mktime(&tm), 0}, {std::mktime(&tm), 0}};
+    ASSERT_EQ(::utimes(InExchange(name).c_str(), times), 0);
+  }
+  long Size(const std::string& name) const {
+    return static_cast<long>(std::filesystem::file_size(InExchange(name)));
+  }
+
+  void Seed(const std::string& sql) { Open()->ExecuteScript(sql); }
+  std::string Query(const std::string& sql) { return testsupport::Rows(*Open(), sql); }
+  std::string Salesmen() { return Query("SELECT SalesmanKey FROM Salesman ORDER BY SalesmanKey"); }
+  std::string LoggedFiles() {
+    return Query("SELECT Filename FROM LumaroLog ORDER BY WorkstationID, Filename");
+  }
+  // The log rows whole: workstation|file|import date|size|file date.
+  std::string LogRows() {
+    return Query(
+        "SELECT WorkstationID || '|' || Filename || '|' || ImportDate || '|' || FileSize || '|' "
+        "|| FileDate FROM LumaroLog ORDER BY WorkstationID, Filename");
+  }
+  std::string LastImportNumber() {
+    std::string shown = Lumaro({"settings", "show"}).out;
+    size_t at = shown.find("LastImportNumber=\"");
+    if (at == std::string::npos) return "(missing)";
+    at += 18;
+    return shown.substr(at, shown.find('"', at) - at);
+  }
+
+ private:
+  std::unique_ptr<standalone::SqliteDatabase> Open() {
+    return standalone::SqliteDatabase::Open(folder_.File("pos.db"),
+                                            standalone::SqliteDatabase::OpenMode::kExisting);
+  }
+  testsupport::TempFolder folder_;
+};
+
+void ExpectQuietSuccess(const testsupport::ProgramResult& result) {
+  EXPECT_EQ(result.exit_code, 0) << result.err;
+  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(result.out, "");
+}
+
+TEST(ImportDriver, TakesOnlyITpvTextFilesWithTheCompanysHeader) {
+  ImportShop shop;
+  struct Case {
+    const char* name;
+    std::string bytes;
+    bool imported;
+  } cases[] = {
+      {"ITpv0001.txt", Lines({kHeader, Vn("F01", "Um")}), true},
+      {"itpv0002.txt", Lines({kHeader, Vn("F02", "Dois")}), false},
+      {"ITPV0003.txt", Lines({kHeader, Vn("F03", "Tres")}), false},
+      {"ITpv0005.csv", Lines({kHeader, Vn("F05", "Cinco")}), false},
+      {"ITpv0006.txt", Lines({kHeader + "^", Vn("F06", "Seis")}), false},
+      {"ITpv0007.txt", Lines({kHeader + "^X", Vn("F07", "Sete")}), false},
+      {"ITpv0008.txt", Lines({"HF^4^1^EMP02^2026", Vn("F08", "Oito")}), false},
+      {"ITpv0009.txt", Lines({"HF^4^1^EMP01^2025", Vn("F09", "Nove")}), false},
+      {"ITpv0010.txt", "", false},
+      {"ITpv0011.txt", Lines({kHeader}), true},
+      {"ITpv0012.txt", Lines({"hf^4^1^emp01^2026", Vn("F12", "Doze")}), true},
+      {"ITpv0013.txt", kHeader + "\n" + Vn("F13", "Treze") + "\n", true},
+      {"ITpv0015.txt", Lines({"HF^5^1^EMP01^2026", Vn("F15", "Quinze")}), false},
+      {"Clientes.txt", Lines({kHeader, Vn("F16", "Dezasseis")}), false},
+      {"ITpvX.txt", Lines({kHeader, Vn("FX", "Xis")}), true},
+  };
+  std::string logged;
+  for (const Case& c : cases) {
+    shop.Write(c.name, c.bytes);
+    if (c.imported) logged += std::string(logged.empty() ? "" : ",") + c.name;
+  }
+  ExpectQuietSuccess(shop.Import());
+  // Every one of them was taken, the header-only file too, and each has its
+  // log row; the others left no trace.
+  EXPECT_EQ(shop.Salesmen(), "F01,F12,F13,FX");
+  EXPECT_EQ(shop.LoggedFiles(), logged);
+  // ITpvX.txt, number 0, came last: the stored number does not move.
+  EXPECT_EQ(shop.LastImportNumber(), "0");
+  // Nothing is moved or removed.
+  EXPECT_TRUE(FileExists(shop.InExchange("ITpv0001.txt")));
+  EXPECT_TRUE(FileExists(shop.InExchange("ITpvX.txt")));
+}
+
+TEST(ImportDriver, TheLogDecidesByFileDateAndWorkstation) {
+  ImportShop shop;
+  auto write = [&](const std::string& name, const std::string& modified) {
+    shop.Write("ITpv0001.txt", Lines({kHeader, Vn("V1", name)}), modified);
+  };
+  auto row = [&](int workstation, const std::string& imported, const std::string& file_date) {
+    return std::to_string(workstation) + "|ITpv0001.txt|" + imported + "|" +
+           std::to_string(shop.Size("ITpv0001.txt")) + "|" + file_date;
+  };
+  auto name = [&] { return shop.Query("SELECT SalesmanName FROM Salesman"); };
+
+  write("Primeiro", "2026-03-10 08:00:00");
+  ExpectQuietSuccess(shop.Import());
+  EXPECT_EQ(name(), "Primeiro");
+  const std::string first_row = row(1, "2026-03-14 10:00:00", "2026-03-10 08:00:00");
+  EXPECT_EQ(shop.LogRows(), first_row);
+
+  // Other content, same date, then an older date: not read again.
+  write("Segundo", "2026-03-10 08:00:00");
+  ExpectQuietSuccess(shop.Import("2026-03-14 11:00:00"));
+  shop.Touch("ITpv0001.txt", "2026-03-09 08:00:00");
+  ExpectQuietSuccess(shop.Import("2026-03-14 11:30:00"));
+  EXPECT_EQ(name(), "Primeiro");
+  EXPECT_EQ(shop.LogRows(), first_row);
+
+  // Touched later: read again, and the one row takes the new dates and size.
+  shop.Touch("ITpv0001.txt", "2026-03-12 09:30:00");
+  ExpectQuietSuccess(shop.Import("2026-03-14 12:00:00"));
+  EXPECT_EQ(name(), "Segundo");
+  const std::string second_row = row(1, "2026-03-14 12:00:00", "2026-03-12 09:30:00");
+  EXPECT_EQ(shop.LogRows(), second_row);
+
+  // Unchanged date for workstation 1, but workstation 2 has never taken it.
+  write("Terceiro", "2026-03-12 09:30:00");
+  ExpectQuietSuccess(shop.Import("2026-03-14 12:30:00"));
+  EXPECT_EQ(name(), "Segundo");
+  ExpectQuietSuccess(shop.Import("2026-03-14 12:45:00", "2"));
+  EXPECT_EQ(name(), "Terceiro");
+  EXPECT_EQ(shop.LogRows(),
+            second_row + "," + row(2, "2026-03-14 12:45:00", "2026-03-12 09:30:00"));
+}
+
+TEST(ImportDriver, LastImportNumberIsTheNumberOfTheFileTakenLast) {
+  struct Case {
+    const char* stored;
+    std::vector<std::string> files;  // in the order the folder lists them
+    const char* expected;
+  } cases[] = {
+      // " 11" sorts before "10"; the blank is passed over in the number.
+      {"9", {"ITpv 11.txt", "ITpv10.txt"}, "10"},
+      {"0", {"ITpv 7.txt", "ITpv5.txt"}, "5"},
+      {"6", {"ITpv 7.txt", "ITpv5.txt"}, "6"},
+      {"3", {"ITpv0007.txt", "ITpvX.txt"}, "3"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.files[0] + " then " + c.files[1] + ", stored " + c.stored);
+    ImportShop shop(Settings{{"LastImportNumber", c.stored}});
+    for (const auto& file : c.files) shop.Write(file, Lines({kHeader}));
+    ExpectQuietSuccess(shop.Import());
+    EXPECT_EQ(shop.Query("SELECT count(*) FROM LumaroLog"), "2");
+    EXPECT_EQ(shop.LastImportNumber(), c.expected);
+  }
+}
+
+TEST(ImportDriver, FilesAreReadInListingOrderWithoutRegardToCase) {
+  ImportShop shop;
+  // "ITpva.txt" lists before "ITpvB.txt": the later file's name stays.
+  shop.Write("ITpvB.txt", Lines({kHeader, Vn("V1", "Segundo")}));
+  shop.Write("ITpva.txt", Lines({kHeader, Vn("V1", "Primeiro")}));
+  ExpectQuietSuccess(shop.Import());
+  EXPECT_EQ(shop.Query("SELECT SalesmanName FROM Salesman"), "Segundo");
+}
+
+TEST(ImportDriver, AMissingFolderIsOneMessageAndNoActivePointIsSilence) {
+  struct Case {
+    const char* active;
+    bool folder;
+    const char* err;
+  } cases[] = {
+      {"1", false, "A pasta de importação/exportação não existe.\n"},
+      {"0", false, ""},
+      {"0", true, ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string("active ") + c.active + (c.folder ? ", folder" : ", no folder"));
+    ImportShop shop(Settings{{"Active", c.active}, {"LastImportNumber", "4"}}, c.folder);
+    if (c.folder) shop.Write("ITpv0005.txt", Lines({kHeader, Vn("V1", "Ana")}));
+    auto result = shop.Import();
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.err, c.err);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(shop.Salesmen(), "");
+    EXPECT_EQ(shop.LoggedFiles(), "");
+    EXPECT_EQ(shop.LastImportNumber(), "4");
+  }
+}
+
+TEST(ImportDriver, ARefusedRecordGoesToTheErrorFileAndTheFileIsStillTaken) {
+  ImportShop shop;
+  // 101 characters do not fit the name's 100, nor 21 the key's 20; exactly
+  // 100 characters fit, though "ç" and "ã" take two bytes each in UTF-8.
+  const std::string too_long_name = "Concei\xE7\xE3o " + std::string(91, 'x');
+  const std::string full_name = "Concei\xE7\xE3o " + std::string(90, 'y');
+  const std::string refused_name = Vn("V1", too_long_name);
+  const std::string refused_key = Vn(std::string(21, 'K'), "Chave longa");
+  shop.Write("ITpv0001.txt",
+             Lines({kHeader, refused_name, "XX^linha^desconhecida", Vn("V2", "Bruno"), refused_key,
+                    Vn("V3", full_name)}),
+             "2026-03-10 08:00:00");
+
+  const std::string closing = "A importação foi efectuada com erros.\r\nConsulte ficheiro log\n";
+  auto first = shop.Import();
+  EXPECT_EQ(first.exit_code, 0) << first.err;
+  EXPECT_EQ(first.err, closing);
+  EXPECT_EQ(shop.Salesmen(), "V2,V3");
+  EXPECT_EQ(shop.Query("SELECT length(SalesmanName) FROM Salesman WHERE SalesmanKey = 'V3'"),
+            "100");
+  EXPECT_EQ(shop.LoggedFiles(), "ITpv0001.txt");
+  EXPECT_EQ(shop.LastImportNumber(), "1");
+
+  // Read again later: the entries of the second run follow those of the first.
+  shop.Touch("ITpv0001.txt", "2026-03-12 09:30:00");
+  auto second = shop.Import("2026-03-14 11:00:00");
+  EXPECT_EQ(second.exit_code, 0) << second.err;
+  EXPECT_EQ(second.err, closing);
+
+  std::string bytes = ReadBytes(shop.InExchange("Erros de importação de ITpv0001.txt"));
+  std::vector<std::string> lines;
+  for (size_t at = 0, end; (end = bytes.find("\r\n", at)) != std::string::npos; at = end + 2) {
+    lines.push_back(bytes.substr(at, end - at));
+  }
+  ASSERT_EQ(lines.size(), 12u) << bytes;
+  ASSERT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+  const char* dates[] = {"14-03-2026 10:00:00", "14-03-2026 11:00:00"};
+  for (int entry = 0; entry < 4; ++entry) {
+    SCOPED_TRACE("entry " + std::to_string(entry));
+    EXPECT_EQ(lines[entry * 3], dates[entry / 2]);
+    EXPECT_EQ(lines[entry * 3 + 1], "Linha: " + (entry % 2 == 0 ? refused_name : refused_key));
+    EXPECT_EQ(lines[entry * 3 + 2].rfind(" Erro: ", 0), 0u) << lines[entry * 3 + 2];
+    EXPECT_GT(lines[entry * 3 + 2].size(), 7u);
+  }
+}
+
+TEST(ImportDriver, FiltersOfTheSettingsChooseWhatIsImported) {
+  const std::string file =
+      Lines({kHeader, Vn("V1", "Ana"), Vn("V2", "Bruno"), Vn("V10", "Carla"), Vn("", "Duarte"),
+             Cl("101", "Z1", "G1", "V1"), Cl("102", "Z2", "G2", "V2"), Cl("103"),
+             Cl("104", "Z3", "G1", "V10"), Fa("F1", "F1", ""), Fa("F1A", "F1", "F1A"),
+             Fa("F1B", "F1", "F1B"), Ar("A1", "F1", "F1A"), Ar("A2", "F1", "F1B"), Ar("A3"),
+             Ap("A1", "PV1", "10"), Ap("A1", "PV2", "20")});
+  const char *vn = "Ana,Bruno,Carla,Duarte", *cl = "101,102,103,104", *fa = "F1,F1A,F1B",
+             *ar = "A1,A2,A3", *ap = "1,2";
+  auto family = [](const char* level) {
+    return Settings{{"InitializeFamily", "F1A"}, {"InitializeFamilyLevel", level}};
+  };
+  struct Case {
+    Settings settings;
+    const char *salesmen, *customers, *families, *items, *price_lines;
+  } cases[] = {
+      {{}, vn, cl, fa, ar, ap},
+      // An empty code passes; "V10" is not "V1". Customers go by salesman too.
+      {{{"InitializeSalesman", "V1;V2"}}, "Ana,Bruno,Duarte", "101,102,103", fa, ar, ap},
+      {{{"InitializeCustomerGroup", "G1"}}, vn, "101,103,104", fa, ar, ap},
+      {{{"InitializeZone", "Z2;Z3"}}, vn, "102,103,104", fa, ar, ap},
+      // Level 2 reads the second code of a family and of an item; level 1 the
+      // first; level 5 has no code, so nothing is held back.
+      {family("2"), vn, cl, "F1,F1A", "A1,A3", ap},
+      {family("1"), vn, cl, "", "A3", ""},
+      {family("5"), vn, cl, fa, ar, ap},
+      {{{"InitializePriceLine", "PV2"}}, vn, cl, fa, ar, "2"},
+  };
+  for (const Case& c : cases) {
+    std::string trace;
+    for (const auto& [name, value] : c.settings) trace += name + "=" + value + " ";
+    SCOPED_TRACE(trace);
+    ImportShop shop(c.settings);
+    shop.Seed(
+        "UPDATE PriceLine SET PriceLineKey = 'PV1' WHERE PriceLineID = 1;"
+        "INSERT INTO PriceLine (PriceLineID, PriceLineKey, Description) VALUES (2, 'PV2', 'R');");
+    shop.Write("ITpv0001.txt", file);
+    ExpectQuietSuccess(shop.Import());
+    EXPECT_EQ(shop.Query("SELECT SalesmanName FROM Salesman ORDER BY 1"), c.salesmen);
+    EXPECT_EQ(shop.Query("SELECT CustomerID FROM Customer ORDER BY 1"), c.customers);
+    EXPECT_EQ(shop.Query("SELECT FamilyKey FROM Family ORDER BY 1"), c.families);
+    EXPECT_EQ(shop.Query("SELECT ItemID FROM Item ORDER BY 1"), c.items);
+    EXPECT_EQ(shop.Query("SELECT PriceLineID FROM ItemSellingPrices WHERE ItemID = 'A1' AND "
+                         "PriceWithoutTax <> 0 ORDER BY 1"),
+              c.price_lines);
+  }
+}
+
+TEST(ImportDriver, ItemValidityAgainstToday) {
+  struct Case {
+    const char *key, *tip_val, *from, *to;
+    bool imported;
+  } cases[] = {
+      {"P01", "0", "01-01-2030", "01-01-2030", true},
+      {"P02", "1", "14-03-2026", "01-01-2020", true},
+      {"P03", "1", "15-03-2026", "31-12-2030", false},
+      {"P04", "2", "14-03-2026", "14-03-2026", true},  // today, whatever the hour
+      {"P05", "2", "01-03-2026", "13-03-2026", false},
+      {"P06", "2", "15-03-2026", "31-03-2026", false},
+      {"P07", "3", "01-01-2020", "31-12-2030", false},
+      {"P08", "4", "15-03-2026", "15-03-2026", true},
+      {"P09", "4", "14-03-2026", "31-03-2026", false},
+      {"P10", "5", "01-03-2026", "13-03-2026", true},
+      {"P11", "5", "14-03-2026", "31-03-2026", false},
+      {"P12", "5", "15-03-2026", "31-03-2026", true},
+      {"P13", "9", "01-01-2030", "01-01-2030", true},
+  };
+  std::string file = Lines({kHeader}), expected;
+  for (const Case& c : cases) {
+    file += Lines({Ar(c.key, "", "", c.tip_val, c.from, c.to)});
+    if (c.imported) expected += std::string(expected.empty() ? "" : ",") + c.key;
+  }
+  ImportShop shop;
+  shop.Write("ITpv0001.txt", file);
+  ExpectQuietSuccess(shop.Import());
+  EXPECT_EQ(shop.Query("SELECT ItemID FROM Item ORDER BY ItemID"), expected);
+}
+
+TEST(ImportDriver, AFailingFileIsRolledBackAndStopsTheRun) {
+  struct Case {
+    const char* what;
+    std::string bad_line, header;  // the bad line follows a salesman and a customer
+    const char* err;
+  } cases[] = {
+      {"record too short", Join(Fields(12, {"VN", "V9", "Curto"})), kHeader,
+       "error 9 in <ImportData>: Subscript out of range\n"},
+      {"number not numeric", Cl("C77"), kHeader, "error 13 in <ImportData>: Type mismatch\n"},
+      {"discount not numeric", Cl("302", "", "", "", "dez"), kHeader,
+       "error 13 in <ImportData>: Type mismatch\n"},
+      {"bad truth value", Cl("302", "", "", "", "0", "talvez"), kHeader,
+       "error 13 in <ImportData>: Type mismatch\n"},
+      {"year not numeric", "", "HF^4^1^EMP01^20X6", "error 13 in <ImportData>: Type mismatch\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    ImportShop shop;
+    shop.Write("ITpv0001.txt", Lines({kHeader, Vn("V1", "Ana"), Cl("201")}));
+    shop.Write("ITpv0002.txt", Lines({c.header, Vn("V2", "Bruno"), Cl("301"), c.bad_line}));
+    shop.Write("ITpv0003.txt", Lines({kHeader, Vn("V3", "Carla"), Cl("401")}));
+
+    auto failed = shop.Import();
+    EXPECT_EQ(failed.exit_code, 1);
+    EXPECT_EQ(failed.err, c.err);
+    EXPECT_EQ(shop.Salesmen(), "V1");
+    EXPECT_EQ(shop.Query("SELECT CustomerID FROM Customer ORDER BY CustomerID"), "201");
+    EXPECT_EQ(shop.LoggedFiles(), "ITpv0001.txt");
+    // The run ended before the number is stored, the first file's too.
+    EXPECT_EQ(shop.LastImportNumber(), "0");
+    EXPECT_FALSE(FileExists(shop.InExchange("Erros de importação de ITpv0002.txt")));
+
+    // With the bad file gone, the next run takes the files after it.
+    std::remove(shop.InExchange("ITpv0002.txt").c_str());
+    ExpectQuietSuccess(shop.Import("2026-03-14 11:00:00"));
+    EXPECT_EQ(shop.Salesmen(), "V1,V3");
+    EXPECT_EQ(shop.Query("SELECT CustomerID FROM Customer ORDER BY CustomerID"), "201,401");
+    EXPECT_EQ(shop.LoggedFiles(), "ITpv0001.txt,ITpv0003.txt");
+    EXPECT_EQ(shop.LastImportNumber(), "3");
+  }
+}
+
+TEST(ImportDriver, BinaryBytesAndAVeryLongLineDoNotStopTheRun) {
+  // Pseudo-random bytes, NUL first, without CR or LF: one long line.
+  std::mt19937 random(20260314);
+  std::string junk(1, '\0');
+  while (junk.size() < 64 * 1024) {
+    char byte = static_cast<char>(random() & 0xFF);
+    if (byte != '\n' && byte != '\r') junk += byte;
+  }
+  ImportShop shop;
+  shop.Write("ITpv0001.txt", Lines({junk, kHeader, Vn("V1", "Ana")}));
+  shop.Write("ITpv0002.txt", Lines({kHeader, junk, Vn("V2", "Bruno")}));
+  shop.Write("ITpv0003.txt", Lines({kHeader, Vn("V3", "Carla", std::string(10'000'000, 'x'))}));
+  shop.Write("ITpv0004.txt", Lines({"", kHeader, Vn("V4", "Duarte")}));
+
+  ExpectQuietSuccess(shop.Import());
+  // A first line that is not a header, binary or blank, is passed over
+  // without a trace; binary lines after the header are lines of no tag.
+  EXPECT_EQ(shop.Salesmen(), "V2,V3");
+  EXPECT_EQ(shop.LoggedFiles(), "ITpv0002.txt,ITpv0003.txt");
+  EXPECT_EQ(shop.Query("SELECT length(Comments) FROM Salesman WHERE SalesmanKey = 'V3'"),
+            "10000000");
+  EXPECT_EQ(shop.Query("SELECT FileSize FROM LumaroLog WHERE Filename = 'ITpv0003.txt'"),
+            std::to_string(shop.Size("ITpv0003.txt")));
+  EXPECT_EQ(shop.LastImportNumber(), "3");
+}
+
+}  // namespace
