@@ -112,6 +112,7 @@ int Program::Dispatch() {
   if (command == "host") return HostCommand();
   if (command == "log") return LogCommand();
   if (command == "import") return ImportCommand();
+  if (command == "check") return CheckCommand();
   if (command == "export") return ExportCommand();
   if (command == "reexport") return ReExportCommand();
   throw UsageError("unknown command '" + command + "'");
@@ -135,13 +136,6 @@ int Program::Info() {
        << "Description: " << connector.Description() << '\n'
        << "Version: " << connector.Version() << '\n'
        << "FunctionalLevel: " << connector.FunctionalLevel() << '\n';
-  return kSuccess;
-}
-
-int Program::ImportCommand() {
-  RequireArguments(1, "import");
-  Connector().ImportData();
-  notifier_->Finish();
   return kSuccess;
 }
 

@@ -40,6 +40,7 @@ class Program {
   int HostCommand();
   int LogCommand();
   int ImportCommand();
+  int CheckCommand();
   int ExportCommand();
   int ReExportCommand();
 

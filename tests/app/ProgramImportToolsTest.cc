@@ -1,0 +1,131 @@
+// The tools around the import for the people who run it: `lumaro check`,
+// which lists the lines of a file that would stop its import, and
+// `lumaro import --dry-run`, which says what an import would change and
+// keeps nothing.
+
+#include <gtest/gtest.h>
+
+#include "tests/app/ImportShop.h"
+
+namespace {
+
+using namespace importshop;
+using testsupport::FileExists;
+using testsupport::ReadBytes;
+
+// A file the import takes whole: a kit K1 of item A1, with its price and
+// barcode. Line 1 is the header; a bad line added after it is line 9.
+std::vector<std::string> GoodFile() {
+  auto kit = Fields(25, {"AR", "K1", "Cabaz", "Cabaz", "G"});
+  kit[11] = "2", kit[12] = "UN", kit[13] = "UN", kit[14] = "1", kit[15] = "0", kit[16] = "0";
+  kit[20] = "0", kit[24] = "0";
+  return {kHeader,     Vn("V1", "Ana"),     Cl("201"),          Ar("A1"),
+          Join(kit),   Ap("A1", "1", "2,5"), "AB^560001^A1^^^1", "AG^K1^A1^2"};
+}
+
+std::string FileWith(const std::string& bad_line) {
+  std::vector<std::string> lines = GoodFile();
+  if (!bad_line.empty()) lines.push_back(bad_line);
+  std::string bytes;
+  for (const auto& line : lines) bytes += line + "\r\n";
+  return bytes;
+}
+
+TEST(ImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
+  auto ar = [](size_t position, const std::string& value) {
+    auto f = Fields(25, {"AR", "A2", "A2", "Artigo", "A"});
+    f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0", f[16] = "0";
+    f[20] = "0", f[24] = "0";
+    f[position] = value;
+    return Join(f);
+  };
+  struct Case {
+    const char* what;
+    std::string line;
+    bool stops;
+  } cases[] = {
+      {"a whole file", "", false},
+      {"a salesman too short for its remarks", "VN^V9^Curto", true},
+      {"a customer number that is no number", Cl("C77"), true},
+      {"a customer number the POS knows as a key", Cl("K55"), false},
+      {"a discount that is no number", Cl("202", "", "", "", "dez"), true},
+      {"a truth value that is none", ar(24, "talvez"), true},
+      {"a unit test that is no whole number", ar(15, "x"), true},
+      {"a validity date that is no date", ar(17, "ontem"), true},
+      {"a date that is no date, read only when it is one", ar(22, "ontem"), false},
+      {"a price that is no number", Ap("A1", "1", "abc"), true},
+      {"a barcode mark that is no truth value", "AB^560002^A1^^^x", true},
+      {"an empty barcode, whose mark is not read", "AB^^A1^^^x", false},
+      {"a component quantity that is no number", "AG^K1^A1^dois", true},
+      {"a line of no known tag", "ZZ^anything", false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    ImportShop shop;
+    shop.Seed(
+        "INSERT INTO Customer (CustomerID, CustomerKey) VALUES (55, 'K55');"
+        "UPDATE PriceLine SET PriceLineKey = '1' WHERE PriceLineID = 1");
+    shop.Write("ITpv0001.txt", FileWith(c.line));
+
+    auto check = shop.Lumaro({"check", shop.InExchange("ITpv0001.txt")});
+    EXPECT_EQ(check.exit_code, c.stops ? 1 : 0) << check.out << check.err;
+    EXPECT_EQ(check.out.find("ITpv0001.txt line 9 ") != std::string::npos, c.stops) << check.out;
+    auto import = shop.Import();
+    EXPECT_EQ(import.exit_code, c.stops ? 1 : 0) << import.err;
+    EXPECT_EQ(shop.LoggedFiles(), c.stops ? "" : "ITpv0001.txt");
+  }
+}
+
+TEST(ImportFileCheck, NamesWhatMakesTheImportPassAFileOver) {
+  ImportShop shop;
+  shop.Write("itpv0001.txt", Lines({"HF^4^1^OUTRA^2026", Vn("V1", "Ana")}));
+  auto check = shop.Lumaro({"check", shop.InExchange("itpv0001.txt")});
+  EXPECT_EQ(check.exit_code, 1);
+  EXPECT_NE(check.out.find("itpv0001.txt: the name does not begin with ITpv"), std::string::npos)
+      << check.out;
+  EXPECT_NE(check.out.find("line 1 (HF): the header is of company \"OUTRA\""), std::string::npos)
+      << check.out;
+}
+
+TEST(ImportDryRun, TellsWhatWouldChangeAndKeepsNothing) {
+  ImportShop shop;
+  ASSERT_EQ(shop.Import().exit_code, 0);  // a run with no file makes the log's table
+  shop.Seed("INSERT INTO Salesman (SalesmanID, SalesmanKey, SalesmanName) VALUES (1, 'V1', 'Ana')");
+  // Line 4: a name longer than its column, refused at its save.
+  std::string long_name = Cl("202");
+  long_name.replace(long_name.find("Cliente 202"), 11, std::string(101, 'n'));
+  shop.Write("ITpv0007.txt",
+             Lines({kHeader, Vn("V1", "Ana Maria"), Vn("V2", "Bruno"), long_name, Cl("201")}));
+  // An error file of an earlier run keeps its bytes.
+  const std::string errors = shop.InExchange("Erros de importação de ITpv0007.txt");
+  std::ofstream(errors, std::ios::binary) << "earlier\r\n";
+  auto before = [&] {
+    return shop.Query("SELECT group_concat(SalesmanKey || ':' || SalesmanName) FROM Salesman") +
+           "|" + shop.Query("SELECT count(*) FROM Customer") + "|" + shop.LoggedFiles() + "|" +
+           shop.LastImportNumber() + "|" + ReadBytes(errors);
+  };
+  const std::string kept = before();
+
+  auto dry = shop.Lumaro({"--now", kNow, "import", "--dry-run"});
+  ASSERT_EQ(dry.exit_code, 0) << dry.err;
+  EXPECT_EQ(dry.out,
+            "ITpv0007.txt: would be imported\n"
+            "  VN: 1 added, 1 updated, 0 refused\n"
+            "  CL: 1 added, 0 updated, 1 refused\n"
+            "    line 4: String or binary data would be truncated: Customer.OrganizationName "
+            "holds at most 100 characters\n"
+            "dry run: nothing was kept; the POS database, the file log, the number of the last "
+            "file and the error files are as they were\n");
+  EXPECT_EQ(before(), kept);
+
+  // The import itself then does what the dry run told.
+  auto real = shop.Lumaro({"--now", kNow, "import"});
+  ASSERT_EQ(real.exit_code, 0) << real.err;
+  EXPECT_EQ(real.out.substr(0, real.out.find('\n')), "ITpv0007.txt: imported");
+  EXPECT_EQ(shop.Query("SELECT group_concat(SalesmanKey || ':' || SalesmanName) FROM Salesman"),
+            "V1:Ana Maria,V2:Bruno");
+  EXPECT_EQ(shop.LastImportNumber(), "7");
+  EXPECT_NE(ReadBytes(errors), "earlier\r\n");
+}
+
+}  // namespace
