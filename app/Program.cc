@@ -151,9 +151,10 @@ int Program::ReExportCommand() {
   host::Date from = ParseDateOption(options_.command[1], "reexport");
   host::Date to = ParseDateOption(options_.command[2], "reexport");
   if (!(from < to)) {
-    throw UsageError("reexport takes FROM before TO: the documents made from FROM to TO, each "
-                     "at 00:00:00 unless a time is given (for a whole day D, give D and the "
-                     "next day)");
+    throw UsageError(
+        "reexport takes FROM before TO: the documents made from FROM to TO, each "
+        "at 00:00:00 unless a time is given (for a whole day D, give D and the "
+        "next day)");
   }
   Connector().ReExport(from, to);
   notifier_->Finish();

@@ -1,10 +1,9 @@
 // The import commands: the import itself (also as a dry run) and the check
 // of one import file.
 
-#include <pugixml.hpp>
-
 #include <filesystem>
 #include <map>
+#include <pugixml.hpp>
 
 #include "app/ImportAccount.h"
 #include "app/Program.h"

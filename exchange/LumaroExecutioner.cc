@@ -52,8 +52,8 @@ void LumaroExecutioner::ExportEntries(host::Date initial_date, host::Date final_
   }
 }
 
-void LumaroExecutioner::ExportData(const std::string& path, int16_t& index,
-                                   host::Date initial_date, host::Date final_date) {
+void LumaroExecutioner::ExportData(const std::string& path, int16_t& index, host::Date initial_date,
+                                   host::Date final_date) {
   try {
     if (!settings_ || !key_caches_) {
       host::Raise(host::err::kObjectNotSet, "LumaroExecutioner");
@@ -94,6 +94,5 @@ void LumaroExecutioner::NotifyDetail(std::string_view text) {
 void LumaroExecutioner::NotifyProgress(int32_t current, int32_t total, std::string_view text) {
   if (notifier_) notifier_->Progress(current, total, text);
 }
-
 
 }  // namespace lumaro

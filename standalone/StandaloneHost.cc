@@ -54,8 +54,8 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
   std::shared_ptr<host::DatabaseService> OpenDatabase(
       const host::DatabaseDescription& description) override {
     host::RaiseWith(kCannotConnect,
-                    "Não é possível ligar à base de dados " + description.DatabaseName +
-                        " em " + description.Server + ": este anfitrião não tem ligação ODBC",
+                    "Não é possível ligar à base de dados " + description.DatabaseName + " em " +
+                        description.Server + ": este anfitrião não tem ligação ODBC",
                     "DataManager");
   }
   host::DatabaseConnection& Connection() override { return *this; }
@@ -134,9 +134,8 @@ StandaloneHost::StandaloneHost(std::unique_ptr<SqliteDatabase> database,
                                std::unique_ptr<host::UIManager> ui, Identity identity)
     : database_(std::move(database)), ui_(std::move(ui)) {
   context_store_ = std::make_unique<HostContextStore>(*database_, FolderOf(database_->Path()));
-  context_ = std::make_unique<StandaloneContext>(*database_, *context_store_,
-                                                 identity.workstation_id, identity.user_id,
-                                                 identity.session_id);
+  context_ = std::make_unique<StandaloneContext>(
+      *database_, *context_store_, identity.workstation_id, identity.user_id, identity.session_id);
   setting_store_ = std::make_unique<SqliteSettingStore>(*database_);
   roots_ = std::make_unique<Roots>(*context_, *database_, *setting_store_);
   ApplyRegionalSettings();

@@ -47,8 +47,7 @@ std::string StatementTexts::InsertText(const host::SqlStatement& statement) cons
     names += Bracketed(column.name);
     values += Value(column);
   }
-  return "INSERT INTO " + Bracketed(statement.Table()) + " (" + names + ") VALUES (" + values +
-         ")";
+  return "INSERT INTO " + Bracketed(statement.Table()) + " (" + names + ") VALUES (" + values + ")";
 }
 
 std::string StatementTexts::UpdateText(const host::SqlStatement& statement) const {

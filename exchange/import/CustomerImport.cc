@@ -95,7 +95,8 @@ void ImportRun::FillCustomer(host::Customer& customer, const Record& record) {
   customer.Fax = FieldText(record, kFax);
   customer.FederalTaxID = FieldText(record, kTaxpayer);
   customer.CustomerLevel = CustomerGroups().GetIDFromKey(FieldText(record, kGroup));
-  customer.PriceLineID = host::CInt(host::Variant(PriceLines().GetID(FieldText(record, kPriceLine))));
+  customer.PriceLineID =
+      host::CInt(host::Variant(PriceLines().GetID(FieldText(record, kPriceLine))));
   customer.SalesmanID = Salesmen().GetIDFromKey(FieldText(record, kSalesman));
   customer.DirectDiscount = FieldNumber(record, kDiscount);
   customer.CarrierID = Carriers().GetIDFromKey(FieldText(record, kCarrier));

@@ -80,7 +80,8 @@ std::vector<ImportFileCheck::Problem> ImportFileCheck::Check(const std::string& 
                                                              host::Date today) const {
   std::vector<Problem> problems;
   if (host::Left(host::GetFileName(path), 4) != "ITpv") {
-    problems.push_back({0, "", "the name does not begin with ITpv: the import passes the file over"});
+    problems.push_back(
+        {0, "", "the name does not begin with ITpv: the import passes the file over"});
   }
   ImportFilters filters(settings_);
   host::AnsiLineReader reader(path);
@@ -98,7 +99,8 @@ std::vector<ImportFileCheck::Problem> ImportFileCheck::Check(const std::string& 
     try {
       // The filters read their positions first, as the count does.
       if (tag == "VN") {
-        if (filters.PassSalesmanFilter(record)) reason = FirstBrokenField(record, layout::vn::kRead);
+        if (filters.PassSalesmanFilter(record))
+          reason = FirstBrokenField(record, layout::vn::kRead);
       } else if (tag == "CL") {
         if (filters.PassCustomerFilter(record)) {
           reason = FirstBrokenField(record, layout::cl::kRead);
@@ -120,10 +122,11 @@ std::vector<ImportFileCheck::Problem> ImportFileCheck::Check(const std::string& 
         // The mark is read only for a line that holds a barcode.
         bool barcode = record.size() > layout::ab::kBarcode.position &&
                        !record[layout::ab::kBarcode.position].empty();
-        reason = FirstBrokenField(record, barcode ? std::span(layout::ab::kRead)
-                                                  : std::span(layout::ab::kRead).first(2));
+        reason = FirstBrokenField(
+            record, barcode ? std::span(layout::ab::kRead) : std::span(layout::ab::kRead).first(2));
       } else if (tag == "AL") {
-        if (filters.PassItemFamilyFilter(record)) reason = FirstBrokenField(record, layout::al::kRead);
+        if (filters.PassItemFamilyFilter(record))
+          reason = FirstBrokenField(record, layout::al::kRead);
       } else if (tag == "AG") {
         reason = FirstBrokenField(record, layout::ag::kRead);
       }

@@ -27,7 +27,8 @@ bool ImportFilters::PassFamilyAt(const Record& record, size_t first_level_positi
   static constexpr const char* kLevels[] = {"1", "2", "3", "4"};
   for (size_t level = 0; level < 4; ++level) {
     if (settings_.InitializeFamilyLevel == kLevels[level]) {
-      return InList(settings_.InitializeFamily, host::FieldAt(record, first_level_position + level));
+      return InList(settings_.InitializeFamily,
+                    host::FieldAt(record, first_level_position + level));
     }
   }
   return true;  // any other level names no code

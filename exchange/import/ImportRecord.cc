@@ -9,8 +9,7 @@ namespace lumaro {
 Record SplitRecord(std::string_view line) {
   Record record;
   size_t start = 0;
-  for (size_t found; (found = line.find('^', start)) != std::string_view::npos;
-       start = found + 1) {
+  for (size_t found; (found = line.find('^', start)) != std::string_view::npos; start = found + 1) {
     record.emplace_back(line.substr(start, found - start));
   }
   record.emplace_back(line.substr(start));

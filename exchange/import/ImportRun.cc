@@ -61,13 +61,14 @@ void ImportRun::ImportData() {
         continue;
       }
       if (!CheckImportHeader(path)) {
-        if (observer) observer->FileSkipped(name, "its first line is no header of this company and year");
+        if (observer)
+          observer->FileSkipped(name, "its first line is no header of this company and year");
         continue;
       }
       auto log = std::make_unique<LumaroLog>();
       log->Filename = path;
-      log->WorkstationID = host::CInt(host::Variant(
-          Host().SystemManager().Context().CurrentWorkstation().WorkstationID()));
+      log->WorkstationID = host::CInt(
+          host::Variant(Host().SystemManager().Context().CurrentWorkstation().WorkstationID()));
       if (!CheckFileToImport(log)) {
         if (observer) observer->FileSkipped(name, "already imported, and its date has not moved");
         continue;

@@ -45,8 +45,8 @@ class ImportRun {
     int32_t FA = 0, VN = 0, CL = 0, AR = 0, AP = 0, AB = 0, AL = 0, AG = 0;
   };
 
-  ImportRun(LumaroConnectorSetting& settings, host::SettingStore& setting_store,
-            DSOLumaroLog& log, std::shared_ptr<host::IConnectorEvents> notifier);
+  ImportRun(LumaroConnectorSetting& settings, host::SettingStore& setting_store, DSOLumaroLog& log,
+            std::shared_ptr<host::IConnectorEvents> notifier);
   ~ImportRun();
   ImportRun(const ImportRun&) = delete;
   ImportRun& operator=(const ImportRun&) = delete;
@@ -86,8 +86,8 @@ class ImportRun {
   bool RunPasses(const std::string& path);
   // Imports one file that passed the header and log tests: true when it was
   // committed, false when its chain broke and it was rolled back.
-  bool ImportFile(const std::string& path, const std::string& name,
-                  std::unique_ptr<LumaroLog> log, double& last_number);
+  bool ImportFile(const std::string& path, const std::string& name, std::unique_ptr<LumaroLog> log,
+                  double& last_number);
 
   // A save under the pass's protection: a refusal goes to the error file
   // with `line` and the pass goes on. Tells the host's observer, if any,

@@ -167,9 +167,9 @@ void ImportRun::ApplyPropertyRules(host::Item& item) {
   std::shared_ptr<host::ItemProperty> property =
       ItemProperties().Load(item.PropertyID1, item.PropertyID2, item.PropertyID3);
   if (!property) {
-    host::RaiseWith(host::err::kObjectNotSet,
-                    "Object variable not set: the POS has no item property '" + item.PropertyID1 +
-                        "'");
+    host::RaiseWith(
+        host::err::kObjectNotSet,
+        "Object variable not set: the POS has no item property '" + item.PropertyID1 + "'");
   }
   item.PropertyRule2 = property->PropertyRule2();
   item.PropertyRule1 = property->PropertyRule1();

@@ -89,7 +89,9 @@ bool ImportRun::ImportItemSellingPrices(const std::string& path) {
             calculator->AddTax(price->PriceWithoutTax, item.TaxableGroupID, TaxContext());
       }
     };
-    walk.save = [&](host::Item& item) { Items().SaveSellingPrices(item.SellingPrices, item.ItemID); };
+    walk.save = [&](host::Item& item) {
+      Items().SaveSellingPrices(item.SellingPrices, item.ItemID);
+    };
     return WalkItems(path, walk);
   } catch (const host::Error& error) {
     throw error.WithSource("<ImportItemSellingPrices>");

@@ -20,8 +20,8 @@ class ImportRun;
 // without a word.
 class PassReading {
  public:
-  PassReading(ImportRun& run, const std::string& path, std::string_view tag,
-              std::string_view title, int32_t total);
+  PassReading(ImportRun& run, const std::string& path, std::string_view tag, std::string_view title,
+              int32_t total);
 
   // Reads on to the next record of the tag; false at the end of the file.
   bool Next();

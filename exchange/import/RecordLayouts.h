@@ -55,10 +55,10 @@ inline constexpr RecordField kCredit{20, R::kText, "credit situation"};
 inline constexpr RecordField kInactive{21, R::kTruth, "inactive"};
 inline constexpr RecordField kComments{22, R::kText, "remarks"};
 inline constexpr RecordField kRetention{23, R::kTruth, "retention tax applies"};
-inline constexpr RecordField kRead[] = {kGroup,    kZone,      kSalesman,  kNumber,   kName,
-                                         kAddress,  kLocality,  kPostalCode, kEmail,   kTelephone,
-                                         kFax,      kTaxpayer,  kPriceLine, kDiscount, kCarrier,
-                                         kCredit,   kRetention, kInactive,  kComments};
+inline constexpr RecordField kRead[] = {kGroup,   kZone,      kSalesman,   kNumber,   kName,
+                                        kAddress, kLocality,  kPostalCode, kEmail,    kTelephone,
+                                        kFax,     kTaxpayer,  kPriceLine,  kDiscount, kCarrier,
+                                        kCredit,  kRetention, kInactive,   kComments};
 }  // namespace cl
 
 // A family.
@@ -73,7 +73,7 @@ inline constexpr RecordField kShortName{6, R::kText, "short name"};
 inline constexpr RecordField kDescription{7, R::kText, "description"};
 inline constexpr RecordField kItemKind{9, R::kText, "item kind"};
 inline constexpr RecordField kRead[] = {kCode,   kDescription, kShortName, kLevel4,
-                                         kLevel3, kLevel2,      kLevel1,    kItemKind};
+                                        kLevel3, kLevel2,      kLevel1,    kItemKind};
 }  // namespace fa
 
 // An item.
@@ -98,9 +98,9 @@ inline constexpr RecordField kLotKind{20, R::kCommaNumber, "lot kind"};
 inline constexpr RecordField kDate{22, R::kDateIfValid, "date"};
 inline constexpr RecordField kUsesScale{24, R::kTruth, "sold by scale"};
 inline constexpr RecordField kRead[] = {
-    kValidFrom, kValidTo, kValidityKind,   kType,        kCode,     kShortDescription,
-    kDescription, kFamily, kTaxType,       kStockUnit,   kUnitTest, kSaleUnit,
-    kSaleUnitFactor, kAlternative, kLotKind, kDate,      kUsesScale};
+    kValidFrom,      kValidTo,     kValidityKind, kType,      kCode,     kShortDescription,
+    kDescription,    kFamily,      kTaxType,      kStockUnit, kUnitTest, kSaleUnit,
+    kSaleUnitFactor, kAlternative, kLotKind,      kDate,      kUsesScale};
 }  // namespace ar
 
 // A selling price of an item.

@@ -121,36 +121,36 @@ void SqliteCustomerService::Save(const host::Customer& c, double customer_id) {
   address.Number("LocalityID", c.LocalityID);
 
   const host::SqlFormat& format = db_.SqlFormat();
-  bool address_exists =
-      !db_.OpenRecordset("SELECT AddressID FROM PartyAddress WHERE PartyID=" +
-                         format.Number(customer_id) + " AND AddressID=" + format.Number(c.AddressID))
-           ->Eof();
+  bool address_exists = !db_.OpenRecordset("SELECT AddressID FROM PartyAddress WHERE PartyID=" +
+                                           format.Number(customer_id) +
+                                           " AND AddressID=" + format.Number(c.AddressID))
+                             ->Eof();
   bool customer_exists = Exists(customer_id);
   writer_.Atomically([&] {
-  if (customer_exists) {
-    customer.KeyNumber("CustomerID", customer_id);
-    writer_.Update(customer);
-  } else {
-    customer.Number("CustomerID", customer_id);
-    writer_.Insert(customer);
-    if (!RowExists(db_, "Party", "PartyID", customer_id)) {
-      host::SqlStatement party;
-      party.SetTable("Party");
-      party.Number("PartyID", customer_id);
-      party.Number("PartyType", kCustomerPartyKind);
-      SetDate(party, "CreationDate", c.CreationDate);
-      writer_.Insert(party);
+    if (customer_exists) {
+      customer.KeyNumber("CustomerID", customer_id);
+      writer_.Update(customer);
+    } else {
+      customer.Number("CustomerID", customer_id);
+      writer_.Insert(customer);
+      if (!RowExists(db_, "Party", "PartyID", customer_id)) {
+        host::SqlStatement party;
+        party.SetTable("Party");
+        party.Number("PartyID", customer_id);
+        party.Number("PartyType", kCustomerPartyKind);
+        SetDate(party, "CreationDate", c.CreationDate);
+        writer_.Insert(party);
+      }
     }
-  }
-  if (address_exists) {
-    address.KeyNumber("PartyID", customer_id);
-    address.KeyNumber("AddressID", c.AddressID);
-    writer_.Update(address);
-  } else {
-    address.Number("PartyID", customer_id);
-    address.Number("AddressID", c.AddressID);
-    writer_.Insert(address);
-  }
+    if (address_exists) {
+      address.KeyNumber("PartyID", customer_id);
+      address.KeyNumber("AddressID", c.AddressID);
+      writer_.Update(address);
+    } else {
+      address.Number("PartyID", customer_id);
+      address.Number("AddressID", c.AddressID);
+      writer_.Insert(address);
+    }
   });
 }
 

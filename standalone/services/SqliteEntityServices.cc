@@ -25,8 +25,8 @@ host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
 
 // By id, or by key when the id is 0 and a key is given.
 host::RecordsetPtr RowByIdOrKey(host::DatabaseService& db, std::string_view table,
-                                std::string_view id_column, double id,
-                                std::string_view key_column, std::string_view key) {
+                                std::string_view id_column, double id, std::string_view key_column,
+                                std::string_view key) {
   if (id == 0 && !key.empty()) return RowWhere(db, table, key_column, key);
   return RowWhere(db, table, id_column, id);
 }
@@ -122,9 +122,9 @@ std::shared_ptr<host::PartyAddress> SqlitePartyAddressService::GetPartyAddress(d
   auto address = std::make_shared<host::PartyAddress>();
   address->PartyID = party_id;
   address->AddressID = address_id;
-  auto rs = db_.OpenRecordset("SELECT * FROM PartyAddress WHERE PartyID=" +
-                              db_.SqlFormat().Number(party_id) +
-                              " AND AddressID=" + db_.SqlFormat().Number(address_id));
+  auto rs = db_.OpenRecordset(
+      "SELECT * FROM PartyAddress WHERE PartyID=" + db_.SqlFormat().Number(party_id) +
+      " AND AddressID=" + db_.SqlFormat().Number(address_id));
   if (rs->Eof()) return address;
   address->AddressLine1 = FieldConverter::ToText(rs->Fields("AddressLine1"));
   address->AddressLine2 = FieldConverter::ToText(rs->Fields("AddressLine2"));
@@ -148,7 +148,8 @@ std::shared_ptr<host::ItemProperty> SqliteItemPropertyService::Load(std::string_
   property->PropertyID = FieldConverter::ToText(rs->Fields("PropertyID"));
   property->Description = FieldConverter::ToText(rs->Fields("Description"));
   property->KeyDescription = FieldConverter::ToText(rs->Fields("KeyDescription"));
-  property->PropertyKeyType = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("PropertyKeyType")));
+  property->PropertyKeyType =
+      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("PropertyKeyType")));
   property->ControlMode = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ControlMode")));
   property->ControlType = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ControlType")));
   property->UsePropertyTable = FieldConverter::ToBoolean(rs->Fields("UsePropertyTable"));
@@ -160,8 +161,8 @@ std::shared_ptr<host::ItemProperty> SqliteItemPropertyService::Load(std::string_
   return property;
 }
 
-bool SqliteSaleDocumentReader::Load(std::string_view trans_serial,
-                                    std::string_view trans_document, double trans_doc_number) {
+bool SqliteSaleDocumentReader::Load(std::string_view trans_serial, std::string_view trans_document,
+                                    double trans_doc_number) {
   const host::SqlFormat& format = db_.SqlFormat();
   auto rs = db_.OpenRecordset(
       "SELECT TransSerial, TransDocument, TransDocNumber FROM SaleTransaction WHERE TransSerial='" +

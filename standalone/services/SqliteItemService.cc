@@ -48,10 +48,8 @@ constexpr TextColumn kTextColumns[] = {
     {"Barcode", &Item::Barcode},
 };
 constexpr NumberColumn kNumberColumns[] = {
-    {"SupplierID", &Item::SupplierID},
-    {"SaleUnitFactor", &Item::SaleUnitFactor},
-    {"AltUnitFactor", &Item::AltUnitFactor},
-    {"CurrencyExchange", &Item::CurrencyExchange},
+    {"SupplierID", &Item::SupplierID},         {"SaleUnitFactor", &Item::SaleUnitFactor},
+    {"AltUnitFactor", &Item::AltUnitFactor},   {"CurrencyExchange", &Item::CurrencyExchange},
     {"CurrencyFactor", &Item::CurrencyFactor},
 };
 constexpr SmallColumn kSmallColumns[] = {
@@ -71,10 +69,8 @@ constexpr LongColumn kLongColumns[] = {
     {"AuxiliaryCode4", &Item::AuxiliaryCode4},
 };
 constexpr TruthColumn kTruthColumns[] = {
-    {"IsComposed", &Item::IsComposed},
-    {"ControlsStock", &Item::ControlsStock},
-    {"PropertyRule3", &Item::PropertyRule3},
-    {"UseImageInSale", &Item::UseImageInSale},
+    {"IsComposed", &Item::IsComposed},       {"ControlsStock", &Item::ControlsStock},
+    {"PropertyRule3", &Item::PropertyRule3}, {"UseImageInSale", &Item::UseImageInSale},
     {"UsesScale", &Item::UsesScale},
 };
 
@@ -132,7 +128,8 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
   if (rs->Eof()) return nullptr;
   auto item = std::make_shared<Item>();
   item->ItemID = FieldConverter::ToText(rs->Fields("ItemID"));
-  for (const auto& c : kTextColumns) item.get()->*c.member = FieldConverter::ToText(rs->Fields(c.name));
+  for (const auto& c : kTextColumns)
+    item.get()->*c.member = FieldConverter::ToText(rs->Fields(c.name));
   for (const auto& c : kNumberColumns) {
     item.get()->*c.member = FieldConverter::ToNumber(rs->Fields(c.name));
   }

@@ -20,7 +20,8 @@ std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
   salesman->SalesmanName = FieldConverter::ToText(rs->Fields("SalesmanName"));
   salesman->Comments = FieldConverter::ToText(rs->Fields("Comments"));
   salesman->CountryID = FieldConverter::ToText(rs->Fields("CountryID"));
-  salesman->SalesmanLevel = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("SalesmanLevel")));
+  salesman->SalesmanLevel =
+      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("SalesmanLevel")));
   salesman->MaximumDiscount = FieldConverter::ToNumber(rs->Fields("MaximumDiscount"));
   salesman->SalesGroupID = FieldConverter::ToNumber(rs->Fields("SalesGroupID"));
   salesman->ComissionOnSale = FieldConverter::ToNumber(rs->Fields("ComissionOnSale"));

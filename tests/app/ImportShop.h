@@ -42,30 +42,33 @@ inline std::string Join(const std::vector<std::string>& fields) {
   return line;
 }
 
-inline std::string Vn(const std::string& code, const std::string& name, const std::string& remarks = "") {
+inline std::string Vn(const std::string& code, const std::string& name,
+                      const std::string& remarks = "") {
   auto f = Fields(14, {"VN", code, name});
   f[13] = remarks;
   return Join(f);
 }
 
 inline std::string Cl(const std::string& number, const std::string& zone = "",
-               const std::string& group = "", const std::string& salesman = "",
-               const std::string& discount = "0", const std::string& inactive = "0") {
+                      const std::string& group = "", const std::string& salesman = "",
+                      const std::string& discount = "0", const std::string& inactive = "0") {
   auto f = Fields(24, {"CL", number, "Cliente " + number});
   f[6] = zone, f[11] = group, f[14] = salesman, f[16] = discount;
   f[20] = "C", f[21] = inactive, f[23] = "0";
   return Join(f);
 }
 
-inline std::string Fa(const std::string& key, const std::string& level1, const std::string& level2) {
+inline std::string Fa(const std::string& key, const std::string& level1,
+                      const std::string& level2) {
   auto f = Fields(10, {"FA", key, level1, level2});
   f[7] = "Familia " + key;
   return Join(f);
 }
 
 inline std::string Ar(const std::string& key, const std::string& family1 = "",
-               const std::string& family2 = "", const std::string& tip_val = "0",
-               const std::string& from = "01-01-2026", const std::string& to = "31-12-2026") {
+                      const std::string& family2 = "", const std::string& tip_val = "0",
+                      const std::string& from = "01-01-2026",
+                      const std::string& to = "31-12-2026") {
   auto f = Fields(25, {"AR", key, key, "Artigo " + key, "A", "", family1, family2});
   f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0";
   f[16] = tip_val, f[17] = from, f[18] = to, f[20] = "0", f[24] = "0";

@@ -19,8 +19,8 @@ std::vector<std::string> GoodFile() {
   auto kit = Fields(25, {"AR", "K1", "Cabaz", "Cabaz", "G"});
   kit[11] = "2", kit[12] = "UN", kit[13] = "UN", kit[14] = "1", kit[15] = "0", kit[16] = "0";
   kit[20] = "0", kit[24] = "0";
-  return {kHeader,     Vn("V1", "Ana"),     Cl("201"),          Ar("A1"),
-          Join(kit),   Ap("A1", "1", "2,5"), "AB^560001^A1^^^1", "AG^K1^A1^2"};
+  return {kHeader,   Vn("V1", "Ana"),      Cl("201"),          Ar("A1"),
+          Join(kit), Ap("A1", "1", "2,5"), "AB^560001^A1^^^1", "AG^K1^A1^2"};
 }
 
 std::string FileWith(const std::string& bad_line) {

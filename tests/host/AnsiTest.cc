@@ -60,11 +60,13 @@ TEST_F(AnsiFiles, WriterEndsEveryLineWithCrLfAndReplacesOrRefusesAFile) {
     writer.WriteLine("中");
   }  // the destructor closes and keeps what was written
   EXPECT_EQ(BytesOf("out.txt"), "Ol\xE1 \x80;1,5\r\n\r\n?\r\n");
-  EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(PathOf("out.txt"), AnsiTextWriter::Mode::kCreateNew); }),
-            err::kFileAlreadyExists);
+  EXPECT_EQ(
+      RaisedNumber([&] { AnsiTextWriter(PathOf("out.txt"), AnsiTextWriter::Mode::kCreateNew); }),
+      err::kFileAlreadyExists);
   EXPECT_EQ(BytesOf("out.txt"), "Ol\xE1 \x80;1,5\r\n\r\n?\r\n");
 
-  const Error error = RaisedError([&] { AnsiTextWriter(PathOf("missing/out.txt"), AnsiTextWriter::Mode::kCreateNew); });
+  const Error error = RaisedError(
+      [&] { AnsiTextWriter(PathOf("missing/out.txt"), AnsiTextWriter::Mode::kCreateNew); });
   EXPECT_EQ(error.Number(), err::kPathNotFound);
   EXPECT_NE(error.Description().find(PathOf("missing/out.txt")), std::string::npos);
   EXPECT_EQ(RaisedNumber([&] { AnsiTextWriter(folder_.string(), AnsiTextWriter::Mode::kCreate); }),

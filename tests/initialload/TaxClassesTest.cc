@@ -52,8 +52,9 @@ TEST_F(TaxClasses, EachRegionReadsItsOwnRates) {
       {"AC", "", "1:3:4 2:1:16 3:2:9 4:4:0"},
       // Outside the mainland 13 % is the normal rate; a rate of no class is
       // normal too; the first row of a class keeps its keys.
-      {"AC", "UPDATE TaxTable SET TaxRate = 13 WHERE TaxRegionID = 'AC' AND TaxSequenceID = 1;"
-             "UPDATE TaxTable SET TaxRate = 17.5 WHERE TaxRegionID = 'AC' AND TaxSequenceID = 2",
+      {"AC",
+       "UPDATE TaxTable SET TaxRate = 13 WHERE TaxRegionID = 'AC' AND TaxSequenceID = 1;"
+       "UPDATE TaxTable SET TaxRate = 17.5 WHERE TaxRegionID = 'AC' AND TaxSequenceID = 2",
        "1:3:4 2:1:13 3:: 4:4:0"},
   };
   for (const Case& c : cases) {
