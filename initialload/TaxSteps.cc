@@ -35,28 +35,31 @@ int16_t TaxTypeOfClass(int16_t tax_class) {
 
 void BSOUpgBrevantaLumaroTables::Load_Taxes() {
   LoadStep step("Load_Taxes");
-  host::DatabaseService& db = ModConnectorLumaro::Host().DataManager().Connection().Database();
-  std::shared_ptr<host::SystemSettings> settings = ModConnectorLumaro::GetSystemSettings();
+  std::shared_ptr<host::SystemSettings> settings;
+  host::KeyDictionary* keys = nullptr;
   host::RecordsetPtr rs;
   if (!step.Run(1, [&] {
-        rs = db.OpenRecordset("SELECT * From TaxTable WHERE TaxGroupID ='IVA' " +
-                              std::string(" AND CountryID='") + settings->CountryID + "'" +
-                              " AND TaxRegionID='" + settings->TaxRegionID + "'");
+        settings = ModConnectorLumaro::GetSystemSettings();
+        keys = &ModConnectorLumaro::RunDictionary();
+        rs = ModConnectorLumaro::Host().DataManager().Connection().Database().OpenRecordset(
+            "SELECT * From TaxTable WHERE TaxGroupID ='IVA' " + std::string(" AND CountryID='") +
+            settings->CountryID + "'" + " AND TaxRegionID='" + settings->TaxRegionID + "'");
       })) {
     return;
   }
-  host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
-  for (; !rs->Eof(); rs->MoveNext()) {
+  bool more = !rs->Eof();
+  while (more) {
     step.Run(2, [&] {
       double rate = host::FieldConverter::ToNumber(rs->Fields("TaxRate"));
       int16_t tax_class = ClassOfRate(rate, settings->TaxRegionID);
       std::string type = std::to_string(TaxTypeOfClass(tax_class));
       // The classes are fixed by value: two rows of one class add the same
       // keys twice, and the first value stays.
-      keys.Add(host::Variant(tax_class), "TaxableGroupIDTipoIva|" + type);
-      keys.Add(host::Variant(tax_class), "TaxableGroupIDPorIva|" + host::NumberText(rate));
-      keys.Add(host::Variant(rate), "TaxRate_TipoIva|" + type);
+      keys->Add(host::Variant(tax_class), "TaxableGroupIDTipoIva|" + type);
+      keys->Add(host::Variant(tax_class), "TaxableGroupIDPorIva|" + host::NumberText(rate));
+      keys->Add(host::Variant(rate), "TaxRate_TipoIva|" + type);
     });
+    more = step.Run(3, [&] { rs->MoveNext(); }) && !rs->Eof();
   }
   host::RecordsetTools::CloseRecordset(rs);
 }

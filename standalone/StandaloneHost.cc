@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "connector/host/Ansi.h"
+#include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "connector/host/Regional.h"
 #include "connector/host/Text.h"
@@ -36,8 +37,7 @@ class HostSystemManager : public host::SystemManager {
   host::SystemContext& Context() override { return context_; }
   // Half away from zero, at the given number of decimals.
   double RoundValue(double value, int decimals) const override {
-    double factor = std::pow(10.0, decimals);
-    return std::round(value * factor) / factor;
+    return host::RoundDecimal(value, decimals);
   }
   // Each party kind has its own range of ids, ten thousand million wide:
   // kind 1 (customers) from 1, kind 2 from 10000000001, and so on.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -405,6 +407,13 @@ double RoundHalfEven(double value) {
   if (rest < 0.5) return floor;
   if (rest > 0.5) return floor + 1;
   return std::fmod(floor, 2) == 0 ? floor : floor + 1;
+}
+
+double RoundDecimal(double value, int decimals) {
+  const double factor = std::pow(10.0, decimals);
+  char digits[32];
+  std::snprintf(digits, sizeof digits, "%.15g", value * factor);
+  return std::round(std::strtod(digits, nullptr)) / factor;
 }
 
 namespace {

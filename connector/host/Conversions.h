@@ -20,6 +20,11 @@ inline int16_t BooleanNumber(bool value) { return value ? -1 : 0; }
 // Rounds half to even ("banker's rounding"): 2.5 gives 2, 3.5 gives 4.
 double RoundHalfEven(double value);
 
+// Rounds to `decimals` places, half away from zero, on the decimal value the
+// double stands for (its 15 significant digits): 1.23615 gives 1.2362 at 4
+// places, although the nearest double lies just below the half.
+double RoundDecimal(double value, int decimals);
+
 // To 16-bit / 32-bit integer (CInt, CLng): round half to even; raises 6
 // "Overflow" out of range, 13 "Type mismatch" for text that is no number,
 // 94 for Null. Empty is 0. Text goes through CDbl first.

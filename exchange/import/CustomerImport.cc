@@ -61,7 +61,10 @@ bool ImportRun::ImportCustomer(const std::string& path) {
         if (is_new) {
           // The POS's id of an imported customer is the back office's number.
           customer->CustomerID = number;
-          customer->AddressID = Addresses().GetPartyAddress(0, customer->CustomerID)->AddressID;
+          std::shared_ptr<host::PartyAddress> address =
+              Addresses().GetPartyAddress(0, customer->CustomerID);
+          if (!address) host::Raise(host::err::kObjectNotSet);
+          customer->AddressID = address->AddressID;
         }
       }
       FillCustomer(*customer, record);

@@ -111,10 +111,14 @@ std::vector<ImportFileCheck::Problem> ImportFileCheck::Check(const std::string& 
       } else if (tag == "FA") {
         if (filters.PassFamilyFilter(record)) reason = FirstBrokenField(record, layout::fa::kRead);
       } else if (tag == "AR") {
-        reason = FirstBrokenField(record, layout::ar::kRead);
+        // The validity dates and kind first (the list begins with them); an
+        // item the filters or its validity keep out is not read further.
+        reason = FirstBrokenField(record, std::span(layout::ar::kRead).first(3));
         if (reason.empty()) {
-          filters.PassItemFamilyFilter(record);
-          ImportFilters::PassValidity(record, today);
+          bool family = filters.PassItemFamilyFilter(record);
+          if (family && ImportFilters::PassValidity(record, today)) {
+            reason = FirstBrokenField(record, std::span(layout::ar::kRead).subspan(3));
+          }
         }
       } else if (tag == "AP") {
         reason = FirstBrokenField(record, layout::ap::kRead);

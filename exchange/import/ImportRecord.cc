@@ -29,7 +29,9 @@ double FieldNumber(const Record& record, const RecordField& field) {
     case FieldRule::kInteger:
       return host::CInt(host::Variant(text));
     case FieldRule::kValidityDate: {
-      // A date reads as the number of its YYYYMMDD form; no date, 0.
+      // A date reads as the number of its YYYYMMDD form. An empty field is
+      // 0, so that an item valid always (kind 0) may leave its dates empty;
+      // any other text that is no date fails the record.
       if (text.empty()) return 0;
       return host::Val(host::FormatDate(host::CDate(host::Variant(text)), "YYYYMMDD"));
     }

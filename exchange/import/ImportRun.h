@@ -106,8 +106,8 @@ class ImportRun {
     int32_t title_message;
     const RecordField* item_field;
     int32_t total;
-    // True: an item is saved when its id is not empty; false: when the
-    // current id is not empty.
+    // An item is saved when the current id is not empty and, when this is
+    // true, the item in hand has an id too.
     bool save_needs_item_id;
     std::function<void(std::shared_ptr<host::Item>&, std::string& current_id)> on_item;
     std::function<void(host::Item&, const Record&)> on_record;

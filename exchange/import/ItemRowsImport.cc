@@ -29,7 +29,8 @@ bool ImportRun::WalkItems(const std::string& path, const ItemWalk& walk) {
   std::shared_ptr<host::Item> item;
   int64_t item_line = 0;  // the line of the first record of the item in hand
   auto save_in_hand = [&] {
-    bool in_hand = walk.save_needs_item_id ? item && !item->ItemID.empty() : !current_id.empty();
+    bool in_hand =
+        !current_id.empty() && (!walk.save_needs_item_id || (item && !item->ItemID.empty()));
     if (!in_hand) return;
     // A refusal names the line now in hand, which is the first line of the
     // next item (or the last line of the file): kept as the error file has

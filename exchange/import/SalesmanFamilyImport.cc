@@ -51,7 +51,9 @@ bool ImportRun::ImportSalesman(const std::string& path) {
       if (salesman->SalesmanName.empty()) salesman->SalesmanName = FieldText(record, kCode);
       salesman->Comments = FieldText(record, kComments);
       // Fixed on every import, also for a salesman the POS has changed.
-      // The country is that of the settings the notifier hands out.
+      // The country is that of the settings the notifier hands out: a run
+      // without a notifier fails at its first salesman, on purpose, rather
+      // than give salesmen another country than the host's screens.
       salesman->CountryID = NotifierSettings().CountryID;
       salesman->SalesmanLevel = 0;
       salesman->MaximumDiscount = 100;

@@ -1,13 +1,12 @@
 #include "standalone/services/SqliteTaxCalculator.h"
 
-#include <cmath>
-
+#include "connector/host/Conversions.h"
 #include "connector/host/FieldConverter.h"
 
 namespace standalone {
 namespace {
 
-double RoundMoney(double value) { return std::round(value * 10000.0) / 10000.0; }
+double RoundMoney(double value) { return host::RoundDecimal(value, 4); }
 
 }  // namespace
 

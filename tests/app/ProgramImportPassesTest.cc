@@ -533,11 +533,13 @@ TEST(ImportRefusedSaves, GoToTheErrorFileInPassOrderAndTheFileIsStillImported) {
   const std::string kit = Ar("KITR", {{3, too_long_text}, {4, "G"}});
   const std::string component = Ar("CMPR", {{3, too_long_text}});
   const std::string r2_barcode = Ab("2000000000002", "R2", "0");
+  const std::string unknown_item = Ab("2000000000019", "NOPE", "0");
   // The save of an item's barcodes comes when the next item's first line is
-  // in hand, and that is the line named; for the last item, the file's last
+  // in hand, and that is the line named (here a line of an unknown item,
+  // after which R1 is not saved again); for the last item, the file's last
   // line, whatever it holds. Kept on purpose.
   shop.WriteImport({kit, component, Ar("R1"), Ar("R2"), Ar("R3"), Ab(too_long_code, "R1", "1"),
-                    r2_barcode, Ab(too_long_code, "R3", "1"), "ZZ^fim"});
+                    unknown_item, r2_barcode, Ab(too_long_code, "R3", "1"), "ZZ^fim"});
   ProgramResult result = shop.Import();
   EXPECT_EQ(result.exit_code, 0) << result.err;
   const std::string closing = "A importação foi efectuada com erros.";
@@ -548,7 +550,7 @@ TEST(ImportRefusedSaves, GoToTheErrorFileInPassOrderAndTheFileIsStillImported) {
   ASSERT_NE(shop.ErrorFile(), "");
   // Ordinary items are saved in the first item pass, kits in the second.
   EXPECT_EQ(ErrorLines(testsupport::ReadBytes(shop.ErrorFile())),
-            (std::vector<std::string>{component, kit, r2_barcode, "ZZ^fim"}));
+            (std::vector<std::string>{component, kit, unknown_item, "ZZ^fim"}));
   EXPECT_EQ(shop.Rows("SELECT ItemID||'|'||Barcode FROM Item ORDER BY ItemID"), "R1|,R2|,R3|");
   EXPECT_EQ(shop.Rows("SELECT ItemID||'|'||Barcode FROM POSIdentity"), "R2|2000000000002");
 }

@@ -32,11 +32,11 @@ std::string FileWith(const std::string& bad_line) {
 }
 
 TEST(ImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
-  auto ar = [](size_t position, const std::string& value) {
+  auto ar = [](std::initializer_list<std::pair<size_t, std::string>> changes) {
     auto f = Fields(25, {"AR", "A2", "A2", "Artigo", "A"});
     f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0", f[16] = "0";
     f[20] = "0", f[24] = "0";
-    f[position] = value;
+    for (const auto& [position, value] : changes) f[position] = value;
     return Join(f);
   };
   struct Case {
@@ -49,10 +49,11 @@ TEST(ImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
       {"a customer number that is no number", Cl("C77"), true},
       {"a customer number the POS knows as a key", Cl("K55"), false},
       {"a discount that is no number", Cl("202", "", "", "", "dez"), true},
-      {"a truth value that is none", ar(24, "talvez"), true},
-      {"a unit test that is no whole number", ar(15, "x"), true},
-      {"a validity date that is no date", ar(17, "ontem"), true},
-      {"a date that is no date, read only when it is one", ar(22, "ontem"), false},
+      {"a truth value that is none", ar({{24, "talvez"}}), true},
+      {"a unit test that is no whole number", ar({{15, "x"}}), true},
+      {"a validity date that is no date", ar({{17, "ontem"}}), true},
+      {"a date that is no date, read only when it is one", ar({{22, "ontem"}}), false},
+      {"an item never valid, whose other fields are not read", ar({{15, "x"}, {16, "3"}}), false},
       {"a price that is no number", Ap("A1", "1", "abc"), true},
       {"a barcode mark that is no truth value", "AB^560002^A1^^^x", true},
       {"an empty barcode, whose mark is not read", "AB^^A1^^^x", false},

@@ -21,6 +21,21 @@ TEST(IntegerConversion, RoundsHalfToEven) {
   EXPECT_EQ(CLng(-2147483648.5), -2147483648);
 }
 
+TEST(Rounding, DecimalRoundingTakesTheDecimalValue) {
+  struct Case {
+    double value;
+    int decimals;
+    double rounded;
+  } cases[] = {
+      {1.005 * 1.23, 4, 1.2362},  // 1.23615, whose double lies just below the half
+      {0.105 * 1.23, 4, 0.1292}, {0.015 * 1.23, 4, 0.0185},   {-1.23615, 4, -1.2362}, {2.5, 0, 3},
+      {12.3 * 1, 2, 12.3},       {8.130081300813, 4, 8.1301},
+  };
+  for (const Case& c : cases) {
+    EXPECT_DOUBLE_EQ(RoundDecimal(c.value, c.decimals), c.rounded) << c.value;
+  }
+}
+
 TEST(Conversions, FailuresRaiseTheirNumbers) {
   struct Case {
     const char* what;
