@@ -16,15 +16,7 @@ set -euo pipefail
 docs=${1:-20000}
 lines=${2:-3}
 root="$(cd "$(dirname "$0")/.." && pwd)"
-lumaro="$root/build/bin/lumaro"
-if [ -n "${PREPARE_ONLY:-}" ]; then
-  work="$PREPARE_ONLY"
-  mkdir -p "$work"
-else
-  work="$(mktemp -d)"
-  trap 'rm -rf "$work"' EXIT
-fi
-cd "$work"
+. "$root/bench/common.sh"
 
 bench_prepare() {
   "$lumaro" --quiet init

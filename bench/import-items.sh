@@ -14,15 +14,7 @@
 set -euo pipefail
 items=${1:-100000}
 root="$(cd "$(dirname "$0")/.." && pwd)"
-lumaro="$root/build/bin/lumaro"
-if [ -n "${PREPARE_ONLY:-}" ]; then
-  work="$PREPARE_ONLY"
-  mkdir -p "$work"
-else
-  work="$(mktemp -d)"
-  trap 'rm -rf "$work"' EXIT
-fi
-cd "$work"
+. "$root/bench/common.sh"
 
 "$lumaro" --quiet init
 "$lumaro" settings load "$root/examples/settings.xml"

@@ -109,9 +109,11 @@ class ImportRun {
     // An item is saved when the current id is not empty and, when this is
     // true, the item in hand has an id too.
     bool save_needs_item_id;
-    std::function<void(std::shared_ptr<host::Item>&, std::string& current_id)> on_item;
-    std::function<void(host::Item&, const Record&)> on_record;
-    std::function<void(host::Item&)> save;
+    // Set after the fields above: what is done when an item is taken, with
+    // each record of the item, and to save it.
+    std::function<void(std::shared_ptr<host::Item>&, std::string& current_id)> on_item = {};
+    std::function<void(host::Item&, const Record&)> on_record = {};
+    std::function<void(host::Item&)> save = {};
   };
   bool WalkItems(const std::string& path, const ItemWalk& walk);
 

@@ -64,12 +64,11 @@ bool ImportRun::ImportItemSellingPrices(const std::string& path) {
   try {
     using namespace layout::ap;
     std::unique_ptr<host::TaxCalculator> calculator = ModConnectorLumaro::Host().NewTaxCalculator();
-    ItemWalk walk;
-    walk.tag = "AP";
-    walk.title_message = kPricesTitle;
-    walk.item_field = &kItem;
-    walk.total = counters_.AP;
-    walk.save_needs_item_id = false;
+    ItemWalk walk{.tag = "AP",
+                  .title_message = kPricesTitle,
+                  .item_field = &kItem,
+                  .total = counters_.AP,
+                  .save_needs_item_id = false};
     walk.on_item = [](std::shared_ptr<host::Item>&, std::string&) {};
     walk.on_record = [&](host::Item& item, const Record& record) {
       double line = host::CInt(host::Variant(GetPriceLineID(FieldText(record, kPriceLine))));
@@ -103,12 +102,11 @@ bool ImportRun::ImportBarCode(const std::string& path) {
   try {
     using namespace layout::ab;
     std::string main_barcode;
-    ItemWalk walk;
-    walk.tag = "AB";
-    walk.title_message = kBarcodesTitle;
-    walk.item_field = &kItem;
-    walk.total = counters_.AB;
-    walk.save_needs_item_id = true;
+    ItemWalk walk{.tag = "AB",
+                  .title_message = kBarcodesTitle,
+                  .item_field = &kItem,
+                  .total = counters_.AB,
+                  .save_needs_item_id = true};
     walk.on_item = [&](std::shared_ptr<host::Item>&, std::string&) { main_barcode.clear(); };
     walk.on_record = [&](host::Item& item, const Record& record) {
       const std::string& barcode = FieldText(record, kBarcode);
@@ -143,12 +141,11 @@ bool ImportRun::ImportBarCode(const std::string& path) {
 bool ImportRun::ImportItemKitComponents(const std::string& path) {
   try {
     using namespace layout::ag;
-    ItemWalk walk;
-    walk.tag = "AG";
-    walk.title_message = kKitsTitle;
-    walk.item_field = &kKit;
-    walk.total = counters_.AG;
-    walk.save_needs_item_id = true;
+    ItemWalk walk{.tag = "AG",
+                  .title_message = kKitsTitle,
+                  .item_field = &kKit,
+                  .total = counters_.AG,
+                  .save_needs_item_id = true};
     walk.on_item = [](std::shared_ptr<host::Item>& item, std::string& current_id) {
       // The records of an item that is no kit are passed over.
       if (item->ItemType != kKitType) {

@@ -1,17 +1,57 @@
 #include "standalone/services/SqliteCustomerService.h"
 
 #include "connector/host/FieldConverter.h"
+#include "standalone/services/EntityColumns.h"
 
 namespace standalone {
 namespace {
 
+using host::Customer;
 using host::FieldConverter;
 
 constexpr int kCustomerPartyKind = 1;
 
-int16_t Small(const host::Variant& value) {
-  return static_cast<int16_t>(FieldConverter::ToNumber(value));
-}
+// The Customer row but its id.
+const EntityColumns<Customer> kCustomerColumns = {
+    {"CustomerKey", &Customer::CustomerKey},
+    {"OrganizationName", &Customer::OrganizationName},
+    {"AddressID", &Customer::AddressID},
+    {"CountryID", &Customer::CountryID},
+    {"CurrencyID", &Customer::CurrencyID},
+    {"EmailAddress", &Customer::EmailAddress},
+    {"Telephone1", &Customer::Telephone1},
+    {"Fax", &Customer::Fax},
+    {"FederalTaxID", &Customer::FederalTaxID},
+    {"ZoneID", &Customer::ZoneID},
+    {"CustomerLevel", &Customer::CustomerLevel},
+    {"PriceLineID", &Customer::PriceLineID},
+    {"SalesmanID", &Customer::SalesmanID},
+    {"CarrierID", &Customer::CarrierID},
+    {"PaymentID", &Customer::PaymentID},
+    {"TenderID", &Customer::TenderID},
+    {"TaxRegime", &Customer::TaxRegime},
+    {"DirectDiscount", &Customer::DirectDiscount},
+    {"SecondDiscount", &Customer::SecondDiscount},
+    {"CreditLimitType", &Customer::CreditLimitType},
+    {"CreditLimitAmount", &Customer::CreditLimitAmount},
+    {"CreditLimitDays", &Customer::CreditLimitDays},
+    {"CreditCurrencyID", &Customer::CreditCurrencyID},
+    {"CreditCurrencyExchange", &Customer::CreditCurrencyExchange},
+    {"CreditCurrencyFactor", &Customer::CreditCurrencyFactor},
+    {"AplyRetentionTax", &Customer::AplyRetentionTax},
+    {"RetentionTax", &Customer::RetentionTax},
+    {"Inactive", &Customer::Inactive},
+    {"Comments", &Customer::Comments},
+    {"PresetText", &Customer::PresetText},
+    {"CreationDate", &Customer::CreationDate},
+};
+
+// The customer's main address, in PartyAddress but its key.
+const EntityColumns<Customer> kAddressColumns = {
+    {"AddressLine1", &Customer::AddressLine1}, {"AddressLine2", &Customer::AddressLine2},
+    {"PostalCode", &Customer::PostalCode},     {"CountryID", &Customer::CountryID},
+    {"ProvinceID", &Customer::ProvinceID},     {"LocalityID", &Customer::LocalityID},
+};
 
 }  // namespace
 
@@ -24,131 +64,57 @@ bool SqliteCustomerService::Exists(double customer_id) {
 }
 
 std::shared_ptr<host::Customer> SqliteCustomerService::Get(double customer_id) {
-  auto rs = db_.OpenRecordset(
-      "SELECT Customer.*, PartyAddress.AddressLine1, PartyAddress.AddressLine2, "
-      "PartyAddress.PostalCode, PartyAddress.ProvinceID, PartyAddress.LocalityID FROM Customer "
-      "LEFT JOIN PartyAddress ON (PartyAddress.PartyID = Customer.CustomerID AND "
-      "PartyAddress.AddressID = Customer.AddressID) WHERE Customer.CustomerID=" +
-      db_.SqlFormat().Number(customer_id));
+  const std::string id = db_.SqlFormat().Number(customer_id);
+  auto rs = db_.OpenRecordset("SELECT * FROM Customer WHERE CustomerID=" + id);
   if (rs->Eof()) return nullptr;
-  auto c = std::make_shared<host::Customer>();
-  const host::Recordset& row = *rs;
-  auto text = [&row](const char* name) { return FieldConverter::ToText(row.Fields(name)); };
-  auto number = [&row](const char* name) { return FieldConverter::ToNumber(row.Fields(name)); };
-  auto truth = [&row](const char* name) { return FieldConverter::ToBoolean(row.Fields(name)); };
-  c->CustomerID = number("CustomerID");
-  c->CustomerKey = text("CustomerKey");
-  c->OrganizationName = text("OrganizationName");
-  c->AddressID = number("AddressID");
-  c->AddressLine1 = text("AddressLine1");
-  c->AddressLine2 = text("AddressLine2");
-  c->PostalCode = text("PostalCode");
-  c->CountryID = text("CountryID");
-  c->ProvinceID = text("ProvinceID");
-  c->LocalityID = number("LocalityID");
-  c->CurrencyID = text("CurrencyID");
-  c->EmailAddress = text("EmailAddress");
-  c->Telephone1 = text("Telephone1");
-  c->Fax = text("Fax");
-  c->FederalTaxID = text("FederalTaxID");
-  c->ZoneID = number("ZoneID");
-  c->CustomerLevel = number("CustomerLevel");
-  c->PriceLineID = Small(row.Fields("PriceLineID"));
-  c->SalesmanID = number("SalesmanID");
-  c->CarrierID = number("CarrierID");
-  c->PaymentID = number("PaymentID");
-  c->TenderID = number("TenderID");
-  c->TaxRegime = Small(row.Fields("TaxRegime"));
-  c->DirectDiscount = number("DirectDiscount");
-  c->SecondDiscount = number("SecondDiscount");
-  c->CreditLimitType = Small(row.Fields("CreditLimitType"));
-  c->CreditLimitAmount = number("CreditLimitAmount");
-  c->CreditLimitDays = Small(row.Fields("CreditLimitDays"));
-  c->CreditCurrencyID = text("CreditCurrencyID");
-  c->CreditCurrencyExchange = number("CreditCurrencyExchange");
-  c->CreditCurrencyFactor = number("CreditCurrencyFactor");
-  c->AplyRetentionTax = truth("AplyRetentionTax");
-  c->RetentionTax = number("RetentionTax");
-  c->Inactive = truth("Inactive");
-  c->Comments = text("Comments");
-  c->PresetText = text("PresetText");
-  c->CreationDate = DateOrNull(row.Fields("CreationDate"));
-  return c;
+  auto customer = std::make_shared<Customer>();
+  customer->CustomerID = FieldConverter::ToNumber(rs->Fields("CustomerID"));
+  kCustomerColumns.Read(*rs, *customer);
+  // The customer's own country stays when its address row has none.
+  std::string country = customer->CountryID;
+  auto address = db_.OpenRecordset("SELECT * FROM PartyAddress WHERE PartyID=" + id +
+                                   " AND AddressID=" + db_.SqlFormat().Number(customer->AddressID));
+  if (!address->Eof()) kAddressColumns.Read(*address, *customer);
+  if (customer->CountryID.empty()) customer->CountryID = country;
+  return customer;
 }
 
-void SqliteCustomerService::Save(const host::Customer& c, double customer_id) {
-  host::SqlStatement customer;
-  customer.SetTable("Customer");
-  customer.Text("CustomerKey", c.CustomerKey);
-  customer.Text("OrganizationName", c.OrganizationName);
-  customer.Number("AddressID", c.AddressID);
-  customer.Text("CountryID", c.CountryID);
-  customer.Text("CurrencyID", c.CurrencyID);
-  customer.Text("EmailAddress", c.EmailAddress);
-  customer.Text("Telephone1", c.Telephone1);
-  customer.Text("Fax", c.Fax);
-  customer.Text("FederalTaxID", c.FederalTaxID);
-  customer.Number("ZoneID", c.ZoneID);
-  customer.Number("CustomerLevel", c.CustomerLevel);
-  customer.Number("PriceLineID", c.PriceLineID);
-  customer.Number("SalesmanID", c.SalesmanID);
-  customer.Number("CarrierID", c.CarrierID);
-  customer.Number("PaymentID", c.PaymentID);
-  customer.Number("TenderID", c.TenderID);
-  customer.Number("TaxRegime", c.TaxRegime);
-  customer.Number("DirectDiscount", c.DirectDiscount);
-  customer.Number("SecondDiscount", c.SecondDiscount);
-  customer.Number("CreditLimitType", c.CreditLimitType);
-  customer.Number("CreditLimitAmount", c.CreditLimitAmount);
-  customer.Number("CreditLimitDays", c.CreditLimitDays);
-  customer.Text("CreditCurrencyID", c.CreditCurrencyID);
-  customer.Number("CreditCurrencyExchange", c.CreditCurrencyExchange);
-  customer.Number("CreditCurrencyFactor", c.CreditCurrencyFactor);
-  customer.Boolean("AplyRetentionTax", c.AplyRetentionTax);
-  customer.Number("RetentionTax", c.RetentionTax);
-  customer.Boolean("Inactive", c.Inactive);
-  customer.Text("Comments", c.Comments);
-  customer.Text("PresetText", c.PresetText);
-  SetDate(customer, "CreationDate", c.CreationDate);
-
-  host::SqlStatement address;
-  address.SetTable("PartyAddress");
-  address.Text("AddressLine1", c.AddressLine1);
-  address.Text("AddressLine2", c.AddressLine2);
-  address.Text("PostalCode", c.PostalCode);
-  address.Text("CountryID", c.CountryID);
-  address.Text("ProvinceID", c.ProvinceID);
-  address.Number("LocalityID", c.LocalityID);
-
+void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
   const host::SqlFormat& format = db_.SqlFormat();
+  bool customer_exists = Exists(customer_id);
   bool address_exists = !db_.OpenRecordset("SELECT AddressID FROM PartyAddress WHERE PartyID=" +
                                            format.Number(customer_id) +
-                                           " AND AddressID=" + format.Number(c.AddressID))
+                                           " AND AddressID=" + format.Number(customer.AddressID))
                              ->Eof();
-  bool customer_exists = Exists(customer_id);
   writer_.Atomically([&] {
+    host::SqlStatement row;
+    row.SetTable("Customer");
+    kCustomerColumns.Write(customer, row);
     if (customer_exists) {
-      customer.KeyNumber("CustomerID", customer_id);
-      writer_.Update(customer);
+      row.KeyNumber("CustomerID", customer_id);
+      writer_.Update(row);
     } else {
-      customer.Number("CustomerID", customer_id);
-      writer_.Insert(customer);
+      row.Number("CustomerID", customer_id);
+      writer_.Insert(row);
       if (!RowExists(db_, "Party", "PartyID", customer_id)) {
         host::SqlStatement party;
         party.SetTable("Party");
         party.Number("PartyID", customer_id);
         party.Number("PartyType", kCustomerPartyKind);
-        SetDate(party, "CreationDate", c.CreationDate);
+        SetDate(party, "CreationDate", customer.CreationDate);
         writer_.Insert(party);
       }
     }
+    host::SqlStatement address;
+    address.SetTable("PartyAddress");
+    kAddressColumns.Write(customer, address);
     if (address_exists) {
       address.KeyNumber("PartyID", customer_id);
-      address.KeyNumber("AddressID", c.AddressID);
+      address.KeyNumber("AddressID", customer.AddressID);
       writer_.Update(address);
     } else {
       address.Number("PartyID", customer_id);
-      address.Number("AddressID", c.AddressID);
+      address.Number("AddressID", customer.AddressID);
       writer_.Insert(address);
     }
   });

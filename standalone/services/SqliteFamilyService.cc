@@ -1,10 +1,34 @@
 #include "standalone/services/SqliteFamilyService.h"
 
 #include "connector/host/FieldConverter.h"
+#include "standalone/services/EntityColumns.h"
 
 namespace standalone {
+namespace {
 
+using host::Family;
 using host::FieldConverter;
+
+// The Family row but its id.
+const EntityColumns<Family> kFamilyColumns = {
+    {"FamilyKey", &Family::FamilyKey},
+    {"FamilyName", &Family::FamilyName},
+    {"ParentFamilyID", &Family::ParentFamilyID},
+    {"ParentFamilyName", &Family::ParentFamilyName},
+    {"FamilyLevel", &Family::FamilyLevel},
+    {"FamilyPath", &Family::FamilyPath},
+    {"MaximumDiscount", &Family::MaximumDiscount},
+    {"IsServiceFamily", &Family::IsServiceFamily},
+    {"FamilyItemKind", &Family::FamilyItemKind},
+};
+
+using host::FamilyLevelRow;
+const EntityColumns<FamilyLevelRow> kLevelColumns = {
+    {"LevelNumber", &FamilyLevelRow::LevelNumber},
+    {"LevelValue", &FamilyLevelRow::LevelValue},
+};
+
+}  // namespace
 
 double SqliteFamilyService::GetIDFromKey(std::string_view family_key) {
   // The empty key is a key like another: the root that a load without its
@@ -22,25 +46,14 @@ std::shared_ptr<host::Family> SqliteFamilyService::Get(double family_id) {
   const std::string id = db_.SqlFormat().Number(family_id);
   auto rs = db_.OpenRecordset("SELECT * FROM Family WHERE FamilyID=" + id);
   if (rs->Eof()) return nullptr;
-  auto family = std::make_shared<host::Family>();
+  auto family = std::make_shared<Family>();
   family->FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
-  family->FamilyKey = FieldConverter::ToText(rs->Fields("FamilyKey"));
-  family->FamilyName = FieldConverter::ToText(rs->Fields("FamilyName"));
-  family->ParentFamilyID = FieldConverter::ToNumber(rs->Fields("ParentFamilyID"));
-  family->ParentFamilyName = FieldConverter::ToText(rs->Fields("ParentFamilyName"));
-  family->FamilyLevel = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("FamilyLevel")));
-  family->FamilyPath = FieldConverter::ToText(rs->Fields("FamilyPath"));
-  family->MaximumDiscount = FieldConverter::ToNumber(rs->Fields("MaximumDiscount"));
-  family->IsServiceFamily = FieldConverter::ToBoolean(rs->Fields("IsServiceFamily"));
-  family->FamilyItemKind =
-      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("FamilyItemKind")));
+  kFamilyColumns.Read(*rs, *family);
   for (auto levels = db_.OpenRecordset(
            "SELECT LevelNumber, LevelValue FROM FamilyProfitRate WHERE FamilyID=" + id +
            " ORDER BY LevelNumber");
        !levels->Eof(); levels->MoveNext()) {
-    family->LevelRows.push_back(
-        {static_cast<int16_t>(FieldConverter::ToNumber(levels->Fields("LevelNumber"))),
-         FieldConverter::ToNumber(levels->Fields("LevelValue"))});
+    kLevelColumns.Read(*levels, family->LevelRows.emplace_back());
   }
   return family;
 }
@@ -54,15 +67,7 @@ double SqliteFamilyService::GetDefaultFamilyID() {
 void SqliteFamilyService::Save(const host::Family& family, double family_id) {
   host::SqlStatement row;
   row.SetTable("Family");
-  row.Text("FamilyKey", family.FamilyKey);
-  row.Text("FamilyName", family.FamilyName);
-  row.Number("ParentFamilyID", family.ParentFamilyID);
-  row.Text("ParentFamilyName", family.ParentFamilyName);
-  row.Number("FamilyLevel", family.FamilyLevel);
-  row.Text("FamilyPath", family.FamilyPath);
-  row.Number("MaximumDiscount", family.MaximumDiscount);
-  row.Boolean("IsServiceFamily", family.IsServiceFamily);
-  row.Number("FamilyItemKind", family.FamilyItemKind);
+  kFamilyColumns.Write(family, row);
   bool exists = Exists(family_id);
   writer_.Atomically([&] {
     if (exists) {
@@ -76,12 +81,11 @@ void SqliteFamilyService::Save(const host::Family& family, double family_id) {
     levels.SetTable("FamilyProfitRate");
     levels.KeyNumber("FamilyID", family_id);
     writer_.Delete(levels);
-    for (const host::FamilyLevelRow& level : family.LevelRows) {
+    for (const FamilyLevelRow& level : family.LevelRows) {
       host::SqlStatement insert;
       insert.SetTable("FamilyProfitRate");
       insert.Number("FamilyID", family_id);
-      insert.Number("LevelNumber", level.LevelNumber);
-      insert.Number("LevelValue", level.LevelValue);
+      kLevelColumns.Write(level, insert);
       writer_.Insert(insert);
     }
   });

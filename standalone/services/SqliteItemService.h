@@ -7,6 +7,7 @@
 
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
+#include "standalone/services/EntityColumns.h"
 #include "standalone/services/EntityRows.h"
 
 namespace standalone {
@@ -28,14 +29,16 @@ class SqliteItemService : public host::ItemService {
   void SaveSellingPrices(const host::ItemSellingPrices& prices, std::string_view item_id) override;
 
  private:
-  void LoadCollections(host::Item& item);
-  void WriteItemRow(const host::Item& item, bool exists);
-  void WriteSellingPrices(const host::ItemSellingPrices& prices, std::string_view item_id);
-  void WriteCollections(const host::Item& item);
-  // Deletes the rows of `table` that belong to the item.
-  void DeleteRows(const char* table, std::string_view item_id);
   host::RecordsetPtr RowsOf(const char* table, std::string_view item_id,
                             const char* order_by = nullptr);
+  // The rows of a collection of the item.
+  template <typename Row>
+  std::vector<Row> LoadRows(const char* table, std::string_view item_id, const char* order_by,
+                            const EntityColumns<Row>& columns);
+  // Replaces the rows of a collection of the item.
+  template <typename Row>
+  void ReplaceRows(const char* table, std::string_view item_id, const std::vector<Row>& rows,
+                   const EntityColumns<Row>& columns);
 
   host::DatabaseService& db_;
   EntityWriter writer_;

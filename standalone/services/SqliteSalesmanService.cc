@@ -1,10 +1,29 @@
 #include "standalone/services/SqliteSalesmanService.h"
 
 #include "connector/host/FieldConverter.h"
+#include "standalone/services/EntityColumns.h"
 
 namespace standalone {
+namespace {
 
-using host::FieldConverter;
+using host::Salesman;
+
+// The Salesman row but its id.
+const EntityColumns<Salesman> kSalesmanColumns = {
+    {"SalesmanKey", &Salesman::SalesmanKey},
+    {"SalesmanName", &Salesman::SalesmanName},
+    {"Comments", &Salesman::Comments},
+    {"CountryID", &Salesman::CountryID},
+    {"SalesmanLevel", &Salesman::SalesmanLevel},
+    {"MaximumDiscount", &Salesman::MaximumDiscount},
+    {"SalesGroupID", &Salesman::SalesGroupID},
+    {"ComissionOnSale", &Salesman::ComissionOnSale},
+    {"ComissionOnPay", &Salesman::ComissionOnPay},
+    {"ComissionIncidenceType", &Salesman::ComissionIncidenceType},
+    {"SpokenLanguageID", &Salesman::SpokenLanguageID},
+};
+
+}  // namespace
 
 std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
                                                            std::string_view salesman_key) {
@@ -14,21 +33,9 @@ std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
                           : "SalesmanID=" + format.Number(salesman_id);
   auto rs = db_.OpenRecordset("SELECT * FROM Salesman WHERE " + where);
   if (rs->Eof()) return nullptr;
-  auto salesman = std::make_shared<host::Salesman>();
-  salesman->SalesmanID = FieldConverter::ToNumber(rs->Fields("SalesmanID"));
-  salesman->SalesmanKey = FieldConverter::ToText(rs->Fields("SalesmanKey"));
-  salesman->SalesmanName = FieldConverter::ToText(rs->Fields("SalesmanName"));
-  salesman->Comments = FieldConverter::ToText(rs->Fields("Comments"));
-  salesman->CountryID = FieldConverter::ToText(rs->Fields("CountryID"));
-  salesman->SalesmanLevel =
-      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("SalesmanLevel")));
-  salesman->MaximumDiscount = FieldConverter::ToNumber(rs->Fields("MaximumDiscount"));
-  salesman->SalesGroupID = FieldConverter::ToNumber(rs->Fields("SalesGroupID"));
-  salesman->ComissionOnSale = FieldConverter::ToNumber(rs->Fields("ComissionOnSale"));
-  salesman->ComissionOnPay = FieldConverter::ToNumber(rs->Fields("ComissionOnPay"));
-  salesman->ComissionIncidenceType =
-      static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("ComissionIncidenceType")));
-  salesman->SpokenLanguageID = FieldConverter::ToText(rs->Fields("SpokenLanguageID"));
+  auto salesman = std::make_shared<Salesman>();
+  salesman->SalesmanID = host::FieldConverter::ToNumber(rs->Fields("SalesmanID"));
+  kSalesmanColumns.Read(*rs, *salesman);
   return salesman;
 }
 
@@ -40,20 +47,10 @@ double SqliteSalesmanService::GetFirstID() { return FirstId(db_, "Salesman", "Sa
 
 double SqliteSalesmanService::NextID() { return NextId(db_, "Salesman", "SalesmanID"); }
 
-void SqliteSalesmanService::Save(const host::Salesman& salesman, double salesman_id) {
+void SqliteSalesmanService::Save(const Salesman& salesman, double salesman_id) {
   host::SqlStatement statement;
   statement.SetTable("Salesman");
-  statement.Text("SalesmanKey", salesman.SalesmanKey);
-  statement.Text("SalesmanName", salesman.SalesmanName);
-  statement.Text("Comments", salesman.Comments);
-  statement.Text("CountryID", salesman.CountryID);
-  statement.Number("SalesmanLevel", salesman.SalesmanLevel);
-  statement.Number("MaximumDiscount", salesman.MaximumDiscount);
-  statement.Number("SalesGroupID", salesman.SalesGroupID);
-  statement.Number("ComissionOnSale", salesman.ComissionOnSale);
-  statement.Number("ComissionOnPay", salesman.ComissionOnPay);
-  statement.Number("ComissionIncidenceType", salesman.ComissionIncidenceType);
-  statement.Text("SpokenLanguageID", salesman.SpokenLanguageID);
+  kSalesmanColumns.Write(salesman, statement);
   if (RowExists(db_, "Salesman", "SalesmanID", salesman_id)) {
     statement.KeyNumber("SalesmanID", salesman_id);
     writer_.Update(statement);
