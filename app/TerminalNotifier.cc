@@ -1,6 +1,7 @@
 #include "app/TerminalNotifier.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 
 #include "connector/host/UIManager.h"
@@ -12,8 +13,18 @@ void TerminalNotifier::Progress(int32_t current, int32_t total, std::string_view
   constexpr int kWidth = 30;
   // The count may run past the total (the sales go on from the customers'
   // count): the bar then stays full.
-  int filled = total > 0 ? static_cast<int>(std::min<int64_t>(kWidth, int64_t{current} * kWidth / total))
-                         : kWidth;
+  int filled = total > 0
+                   ? static_cast<int>(std::min<int64_t>(kWidth, int64_t{current} * kWidth / total))
+                   : kWidth;
+  // A long run reports every record: the bar is drawn again when it moves,
+  // at its end, and at most ten times a second otherwise.
+  auto now = std::chrono::steady_clock::now();
+  if (bar_open_ && filled == last_filled_ && current < total &&
+      now - last_drawn_ < std::chrono::milliseconds(100)) {
+    return;
+  }
+  last_filled_ = filled;
+  last_drawn_ = now;
   out_ << "\r[" << std::string(filled, '#') << std::string(kWidth - filled, ' ') << "] " << text
        << "\x1b[K";
   out_.flush();

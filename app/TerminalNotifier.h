@@ -1,6 +1,7 @@
 #ifndef LUMARO_APP_TERMINAL_NOTIFIER_H_
 #define LUMARO_APP_TERMINAL_NOTIFIER_H_
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -35,6 +36,8 @@ class TerminalNotifier : public host::IConnectorEvents {
   bool answer_yes_;
   SettingsSource settings_;
   bool bar_open_ = false;
+  int last_filled_ = -1;
+  std::chrono::steady_clock::time_point last_drawn_;
 };
 
 }  // namespace app
