@@ -7,7 +7,7 @@ namespace app {
 
 const char kUsage[] =
     "usage: lumaro [--db FILE] [--workstation N] [--now \"YYYY-MM-DD HH:MM:SS\"] [--yes]\n"
-    "              [--quiet] [--plugin FILE] COMMAND\n"
+    "              [--quiet] [--wait SECONDS] [--plugin FILE] COMMAND\n"
     "\n"
     "commands:\n"
     "  init                          create or upgrade the POS database\n"
@@ -40,6 +40,15 @@ int ParseWorkstation(const std::string& text) {
   return static_cast<int>(value);
 }
 
+double ParseWait(const std::string& text) {
+  char* end = nullptr;
+  double value = std::strtod(text.c_str(), &end);
+  if (text.empty() || *end != '\0' || !(value >= 0 && value <= 86400)) {
+    throw UsageError("--wait takes a number of seconds from 0 to 86400, not '" + text + "'");
+  }
+  return value;
+}
+
 }  // namespace
 
 Options ParseCommandLine(int argc, char** argv) {
@@ -57,6 +66,8 @@ Options ParseCommandLine(int argc, char** argv) {
       options.workstation = ParseWorkstation(value_of("--workstation"));
     } else if (arg == "--now") {
       options.now = value_of("--now");
+    } else if (arg == "--wait") {
+      options.wait_seconds = ParseWait(value_of("--wait"));
     } else if (arg == "--plugin") {
       options.plugin = value_of("--plugin");
     } else if (arg == "--yes") {

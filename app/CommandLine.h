@@ -20,6 +20,8 @@ struct Options {
   std::optional<std::string> now;  // "YYYY-MM-DD HH:MM:SS"
   bool yes = false;
   bool quiet = false;
+  // How long an exchange run waits for another on the same POS database.
+  double wait_seconds = 60;
   std::optional<std::string> plugin;  // the plug-in's file
   std::vector<std::string> command;   // the command and its arguments
 };

@@ -41,9 +41,12 @@ Program::Program(Options options, std::ostream& out, std::ostream& err)
     : options_(std::move(options)), out_(out), err_(err) {}
 
 Program::~Program() {
-  // The connector goes before the plug-in that made it and the host it uses.
+  // The connector goes before the plug-in that made it and the host it uses;
+  // the run's lock, last.
   connector_.reset();
   plugin_.reset();
+  host_.reset();
+  run_lock_.reset();
 }
 
 void Program::RequireArguments(size_t count, const char* usage) const {
@@ -139,8 +142,13 @@ int Program::Info() {
   return kSuccess;
 }
 
+void Program::LockForRun() {
+  if (!run_lock_) run_lock_ = std::make_unique<RunLock>(options_.db, options_.wait_seconds);
+}
+
 int Program::ExportCommand() {
   RequireArguments(1, "export");
+  LockForRun();
   Connector().ExportData();
   notifier_->Finish();
   return kSuccess;
@@ -156,6 +164,7 @@ int Program::ReExportCommand() {
         "at 00:00:00 unless a time is given (for a whole day D, give D and the "
         "next day)");
   }
+  LockForRun();
   Connector().ReExport(from, to);
   notifier_->Finish();
   return kSuccess;

@@ -7,6 +7,7 @@
 
 #include "app/CommandLine.h"
 #include "app/PluginLoader.h"
+#include "app/RunLock.h"
 #include "app/TerminalNotifier.h"
 #include "connector/host/IConnector.h"
 #include "standalone/StandaloneHost.h"
@@ -49,6 +50,9 @@ class Program {
   // The connector, with the notifier set, made at first use.
   host::IConnector& Connector();
   void RequireArguments(size_t count, const char* usage) const;
+  // Waits for any other exchange run on the POS database to end, and keeps
+  // others out until this program ends.
+  void LockForRun();
 
   Options options_;
   std::ostream& out_;
@@ -57,6 +61,7 @@ class Program {
   std::unique_ptr<Plugin> plugin_;
   std::shared_ptr<TerminalNotifier> notifier_;
   std::unique_ptr<host::IConnector> connector_;
+  std::unique_ptr<RunLock> run_lock_;
 };
 
 }  // namespace app

@@ -1,8 +1,7 @@
 // The commands on stored data: settings, host context and the file log.
 
-#include <pugixml.hpp>
-
 #include <fstream>
+#include <pugixml.hpp>
 #include <sstream>
 #include <stdexcept>
 
@@ -31,8 +30,8 @@ std::string Readable(const std::string& xml) {
   pugi::xml_document document;
   if (!document.load_string(xml.c_str())) return xml + "\n";
   std::ostringstream text;
-  document.save(text, "  ", pugi::format_indent | pugi::format_indent_attributes |
-                                pugi::format_no_declaration);
+  document.save(text, "  ",
+                pugi::format_indent | pugi::format_indent_attributes | pugi::format_no_declaration);
   return text.str();
 }
 

@@ -71,6 +71,7 @@ int Program::ImportCommand() {
   const auto& args = options_.command;
   bool dry_run = args.size() == 2 && args[1] == "--dry-run";
   if (!dry_run) RequireArguments(1, "import [--dry-run]");
+  LockForRun();
   standalone::StandaloneHost& host = Host();
   host::IConnector& connector = Connector();
   ImportAccount account;

@@ -80,9 +80,12 @@ AnsiTextWriter::~AnsiTextWriter() {
 
 void AnsiTextWriter::WriteLine(std::string_view utf8_line) {
   if (file_ == nullptr) Raise(err::kOperationNotAllowedWhenClosed);
-  // A failed write leaves the stream's error flag set; Close reports it.
   const std::string line = ToAnsi(utf8_line) + "\r\n";
-  std::fwrite(line.data(), 1, line.size(), file_);
+  // A write that does not take the whole line fails at once; one that fails
+  // later, when the buffer goes to the disk, fails at Close.
+  if (std::fwrite(line.data(), 1, line.size(), file_) != line.size()) {
+    RaiseForFile(err::kDeviceIoError, path_);
+  }
 }
 
 void AnsiTextWriter::Close() {

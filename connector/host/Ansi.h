@@ -32,6 +32,7 @@ class AnsiTextWriter {
   AnsiTextWriter(const AnsiTextWriter&) = delete;
   AnsiTextWriter& operator=(const AnsiTextWriter&) = delete;
 
+  // Raises 57 when the line cannot be written whole.
   void WriteLine(std::string_view utf8_line);
   void Close();  // flushes; raises when the write failed
 

@@ -333,8 +333,12 @@ void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {
 
 void SqliteDatabase::BeginTrans() {
   RequireOpen();
+  if (observer_) observer_("BEGIN");
   if (transaction_depth_ == 0) {
-    Execute("BEGIN");
+    // The write lock is taken at once (waiting as long as the busy timeout
+    // says), so that a transaction never fails half-way because another
+    // connection wrote first.
+    Execute("BEGIN IMMEDIATE");
   } else {
     Execute("SAVEPOINT lumaro_" + std::to_string(transaction_depth_));
   }
@@ -346,6 +350,7 @@ void SqliteDatabase::CommitTrans() {
   if (transaction_depth_ == 0) {
     host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
   }
+  if (observer_) observer_("COMMIT");
   try {
     if (transaction_depth_ == 1) {
       Execute("COMMIT");

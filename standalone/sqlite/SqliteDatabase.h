@@ -74,7 +74,9 @@ class SqliteDatabase : public host::DatabaseService {
   const std::string& Path() const { return path_; }
   bool InTransaction() const { return transaction_depth_ > 0; }
   const Statistics& Stats() const { return stats_; }
-  // Called with the caller's text of every statement before it runs.
+  // Called with the caller's text of every statement before it runs, and
+  // with "BEGIN" and "COMMIT" before a transaction begins and commits. An
+  // observer that raises fails the statement: how tests inject faults.
   void SetStatementObserver(std::function<void(std::string_view)> observer) {
     observer_ = std::move(observer);
   }

@@ -127,6 +127,7 @@ class ImportShop {
     return Lumaro({"--quiet", "--workstation", workstation, "--now", now, "import"});
   }
   std::string Exchange() const { return folder_.File("exchange"); }
+  std::string Database() const { return folder_.File("pos.db"); }
   std::string InExchange(const std::string& name) const { return Exchange() + "/" + name; }
 
   // Writes an import file; its last-modified time is set to `modified`
