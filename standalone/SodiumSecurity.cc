@@ -28,6 +28,11 @@ std::string Base64(const unsigned char* data, size_t size) {
 }
 
 bool FromBase64(std::string_view text, Bytes& out) {
+  // No bytes to hand libsodium: an empty vector has no storage to point at.
+  if (text.empty()) {
+    out.clear();
+    return true;
+  }
   out.assign(text.size(), 0);
   size_t size = 0;
   if (sodium_base642bin(out.data(), out.size(), text.data(), text.size(), nullptr, &size, nullptr,
