@@ -1,9 +1,8 @@
 #include "connector/LumaroConnectorSetting.h"
 
-#include <pugixml.hpp>
-
 #include <cmath>
 #include <functional>
+#include <pugixml.hpp>
 #include <sstream>
 
 #include "connector/ModConnectorLumaro.h"
@@ -16,9 +15,7 @@ namespace {
 
 using host::Variant;
 
-host::Crypto& HostCrypto() {
-  return ModConnectorLumaro::Host().SystemManager().Context().Crypto();
-}
+host::Crypto& HostCrypto() { return ModConnectorLumaro::Host().SystemManager().Context().Crypto(); }
 
 // Reads one attribute with failures ignored: a missing attribute, or a value
 // that cannot be converted, leaves the member as it was.
@@ -161,6 +158,9 @@ void LumaroConnectorSetting::FromXML(std::string_view xml_settings) {
   if (!list) return;
   int counter = 1;
   for (pugi::xml_node node : list.children()) {
+    // The list's index is 16-bit: entries past 32767 are not read, since
+    // reading never fails.
+    if (counter > INT16_MAX) break;
     lumaro::Workstation entry = Workstation(counter);
     ReadText(node, "LumaroWorkstationID", entry.LumaroWorkstationID);
     ReadText(node, "TransSerial", entry.TransSerial);

@@ -45,8 +45,11 @@ void LumaroExecutioner::ExecuteReExport(host::Date initial_date, host::Date fina
 }
 
 void LumaroExecutioner::ExportEntries(host::Date initial_date, host::Date final_date) {
-  for (int16_t index = 1; index <= settings_->LumaroWorkstationCount(); ++index) {
-    if (!settings_->Workstation(index).Active) continue;
+  // Counted wider than the 16-bit index, so that a list of 32767 entries
+  // ends its loop.
+  for (int entry = 1; entry <= settings_->LumaroWorkstationCount(); ++entry) {
+    if (!settings_->Workstation(entry).Active) continue;
+    int16_t index = static_cast<int16_t>(entry);
     // The path is read anew for each entry.
     ExportData(settings_->ImportExportPath, index, initial_date, final_date);
   }

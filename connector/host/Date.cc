@@ -59,6 +59,9 @@ struct DaySeconds {
 // The whole part counts days (backwards before the epoch); the fraction's
 // size is the time of day whatever the sign, as OLE dates have it.
 DaySeconds ToDaySeconds(Date date) {
+  // The run time's dates run from 1 January 100 to 31 December 9999; any
+  // other serial (NaN included) is no date and overflows.
+  if (!(date.serial > -657435.0 && date.serial < 2958466.0)) Raise(err::kOverflow);
   const double whole = std::trunc(date.serial);
   const double fraction = std::fabs(date.serial - whole);
   DaySeconds result{static_cast<long long>(whole),

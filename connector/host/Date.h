@@ -28,7 +28,8 @@ struct DateParts {
 // (month 13, day 32, ...).
 Date MakeDate(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
 
-// Splits a date into its parts, rounded to the nearest second.
+// Splits a date into its parts, rounded to the nearest second. This and the
+// functions below raise 6 for a serial outside the years 100 to 9999.
 DateParts SplitDate(Date date);
 
 // True when the date has a time part other than midnight.

@@ -38,7 +38,7 @@ void RenameFunctions(Tokens& tokens) {
   for (size_t i = 0; i < tokens.size(); ++i) {
     const SqlToken& token = tokens[i];
     bool is_name = token.kind == Kind::kWord || token.kind == Kind::kIdentifier;
-    if (is_name && IdentifierName(token) == "dbo" && i + 1 < tokens.size() &&
+    if (is_name && SameWord(IdentifierName(token), "dbo") && i + 1 < tokens.size() &&
         tokens[i + 1].IsSymbol(".")) {
       ++i;  // drop "dbo" and its "."
       continue;
@@ -141,8 +141,8 @@ std::optional<std::string> TranslateTruncate(const Tokens& all) {
   }
   size_t table_at = NextSignificant(tokens, NextSignificant(tokens, 1) + 1);
   if (table_at >= tokens.size()) return std::nullopt;
-  return "DELETE FROM " + JoinTokens(Tokens(tokens.begin() + static_cast<long>(table_at),
-                                            tokens.end()));
+  return "DELETE FROM " +
+         JoinTokens(Tokens(tokens.begin() + static_cast<long>(table_at), tokens.end()));
 }
 
 // SELECT [DISTINCT|ALL] TOP n ... -> SELECT [DISTINCT|ALL] ... LIMIT n, the
@@ -162,11 +162,17 @@ void TranslateTop(Tokens& tokens) {
     if (n >= tokens.size() || tokens[n].kind != Kind::kNumber) continue;
     std::string count = tokens[n].text;
     size_t last = n;
-    if (parenthesised) last = NextSignificant(tokens, n + 1);
+    if (parenthesised) {
+      last = NextSignificant(tokens, n + 1);
+      // "TOP (n" without its ")" is no TOP this translation knows: left as
+      // it stands, for the database to refuse.
+      if (last >= tokens.size() || !tokens[last].IsSymbol(")")) continue;
+    }
     // Drop "TOP n" and the blank after it.
     size_t erase_end = last + 1;
     if (erase_end < tokens.size() && tokens[erase_end].IsBlank()) ++erase_end;
-    tokens.erase(tokens.begin() + static_cast<long>(j), tokens.begin() + static_cast<long>(erase_end));
+    tokens.erase(tokens.begin() + static_cast<long>(j),
+                 tokens.begin() + static_cast<long>(erase_end));
     // Find where this SELECT ends.
     int depth = 0;
     size_t end = j;
@@ -263,6 +269,11 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
     }
     if (kind == Kind::kWord && (SameWord(text, "TOP") || SameWord(text, "dbo") ||
                                 SameWord(text, "DELETE") || SameWord(text, "TRUNCATE"))) {
+      needs_translation = true;
+    }
+    // "[dbo]." and "\"dbo\"." are the prefix too.
+    if (kind == Kind::kIdentifier &&
+        SameWord(IdentifierName(SqlToken{kind, std::string(text)}), "dbo")) {
       needs_translation = true;
     }
     if (kind == Kind::kSymbol && text == "(" &&

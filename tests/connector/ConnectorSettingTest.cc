@@ -211,5 +211,14 @@ TEST_F(ConnectorSettingDocument, ReadingPastTheEndGrowsTheListAndClearEmptiesIt)
   EXPECT_EQ(setting.LumaroWorkstationCount(), 0);
 }
 
+TEST_F(ConnectorSettingDocument, AListLongerThanItsIndexIsCutAndReadingStillNeverFails) {
+  std::string xml = "<LumaroConnectorSetting><Workstations>";
+  for (int i = 0; i < 32768; ++i) xml += "<Workstation Active=\"1\"/>";
+  LumaroConnectorSetting setting;
+  setting.FromXML(xml + "</Workstations></LumaroConnectorSetting>");
+  EXPECT_EQ(setting.LumaroWorkstationCount(), 32767);
+  EXPECT_TRUE(setting.Workstation(32767).Active);
+}
+
 }  // namespace
 }  // namespace lumaro

@@ -252,4 +252,21 @@ TEST(ExportSelection, ReceiptHeadNamesTheTenderOfTheFirstLine) {
   EXPECT_EQ(bench.Mark("TenderTransaction", 1), kToday);
 }
 
+// A list as long as its 16-bit index goes ends its loop at its last entry.
+TEST(ExportRun, TheLongestListOfPointsReachesItsLastEntry) {
+  ExportBench bench;
+  std::string xml = "<LumaroConnectorSetting ImportExportPath=\"" + bench.folder +
+                    "\" SQLCompanyID=\"EMP01\" SQLCompanyYear=\"2026\"><Workstations>";
+  for (int i = 1; i < 32767; ++i) xml += "<Workstation Active=\"0\"/>";
+  xml +=
+      "<Workstation LumaroWorkstationID=\"02\" TransSerial=\"A\" WorkstationList=\"1\" "
+      "Active=\"1\"/></Workstations></LumaroConnectorSetting>";
+  ASSERT_TRUE(bench.connector.LoadDefaults(xml));
+  bench.AddSale({});
+  bench.connector.ExportData();
+
+  EXPECT_EQ(bench.Files(), std::vector<std::string>{kFirst});
+  EXPECT_EQ(bench.LastNumber(32767), 1);
+}
+
 }  // namespace

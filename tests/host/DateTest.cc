@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
@@ -63,6 +64,15 @@ TEST(OleDate, PartsOutOfRangeRaiseInvalidProcedureCall) {
               err::kInvalidProcedureCall)
         << p.year << "-" << p.month << "-" << p.day << " " << p.hour << ":" << p.second;
   }
+}
+
+TEST(OleDate, SerialsOutsideTheYears100To9999Overflow) {
+  for (double serial : {1e300, -1e300, 2958466.0, -657435.0, std::nan("")}) {
+    EXPECT_EQ(RaisedNumber([&] { SplitDate(Date{serial}); }), err::kOverflow) << serial;
+    EXPECT_EQ(RaisedNumber([&] { DatePart(Date{serial}); }), err::kOverflow) << serial;
+  }
+  EXPECT_EQ(SplitDate(Date{2958465.5}).year, 9999);
+  EXPECT_EQ(SplitDate(Date{-657434.0}).year, 100);
 }
 
 TEST(Clock, NowReadsTheSystemClockUnlessOverridden) {

@@ -93,6 +93,28 @@ TEST_F(SqlDialect, NothingInsideALiteralIsRewritten) {
   EXPECT_EQ(TranslateToSqlite("SELECT \"Len\" (1), [left] (2)"), "SELECT \"Len\" (1), [left] (2)");
 }
 
+TEST_F(SqlDialect, OnePassGivesWhatTranslatingThenParameterizingGives) {
+  const std::string statements[] = {
+      "SELECT Description FROM [dbo].[Item] WHERE ItemID = 4",
+      "SELECT Description FROM \"dbo\".Item WHERE ItemID = 4",
+      "SELECT Description FROM DBO.Item WHERE ItemID = 4",
+      // A TOP without its ")" is left for the database to refuse, with every
+      // literal in its place.
+      "SELECT TOP (1 'Sem título' AS Name FROM Item WHERE ItemID = 4",
+      "SELECT TOP (5",
+  };
+  for (const std::string& sql : statements) {
+    ParameterizedSql one_pass = PrepareForSqlite(sql);
+    ParameterizedSql two_passes = Parameterize(TranslateToSqlite(sql));
+    EXPECT_EQ(one_pass.text, two_passes.text) << sql;
+    EXPECT_EQ(one_pass.values, two_passes.values) << sql;
+  }
+  EXPECT_EQ(TranslateToSqlite("SELECT TOP (1 'Sem título' AS Name FROM Item"),
+            "SELECT TOP (1 'Sem título' AS Name FROM Item");
+  EXPECT_EQ(TranslateToSqlite("SELECT TOP (5"), "SELECT TOP (5");
+  EXPECT_EQ(Rows("SELECT Description FROM DBO.Item WHERE ItemID = 4"), "Delta");
+}
+
 TEST_F(SqlDialect, ValuesBecomeParametersAndGiveTheSameRows) {
   using Values = std::vector<ParameterizedSql::Value>;
   struct Case {

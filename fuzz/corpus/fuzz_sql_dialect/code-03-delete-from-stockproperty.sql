@@ -1,0 +1,1 @@
+DELETE FROM StockProperty WHERE ItemID='AGUA' AND PropertyValue1='L2611A'

@@ -1,0 +1,1 @@
+INSERT INTO [ItemSellingPrices] ([ItemID], [PriceLineID], [ColorID], [SizeID], [LotID], [PriceWithoutTax], [PriceWithTax], [PriceDate], [PriceStatus]) VALUES ('PAO', 2, 0, 0, '', 2.36, 2.5016, '2026-11-01 00:00:00', 0)

@@ -1,0 +1,1 @@
+INSERT INTO [LumaroLog] ([WorkstationID], [Filename], [ImportDate], [FileSize], [FileDate]) VALUES (1, 'ETpv 02 0000042.txt', '2026-03-14 10:00:00', 0, '1899-12-30 00:00:00')

@@ -1,0 +1,1 @@
+SELECT * FROM SaleTransaction  WHERE AccountingExportDate Is Null  AND WorkstationID IN (1,2)  AND TransSerial ='A' ORDER BY TransSerial, TransDocument, TransDocNumber

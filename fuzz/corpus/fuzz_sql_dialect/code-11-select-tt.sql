@@ -1,0 +1,1 @@
+SELECT TT.*, TLI.TenderID  FROM TenderTransaction AS TT LEFT JOIN TenderLineItem AS TLI  ON (TLI.TransSerial=TT.TransSerial AND TLI.TransDocument=TT.TransDocument AND TLI.TransDocNumber=TT.TransDocNumber) WHERE TT.AccountingExportDate Is Null  AND TT.WorkstationID IN (1,2)  AND TT.TransSerial ='A' AND TLI.TransOrder=1  ORDER BY TT.TransSerial, TT.TransDocument, TT.TransDocNumber

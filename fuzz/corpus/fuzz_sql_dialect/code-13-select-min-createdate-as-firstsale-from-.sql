@@ -1,0 +1,1 @@
+SELECT Min(CreateDate) AS FirstSale FROM SaleTransaction  WHERE AccountingExportDate Is Null  AND WorkstationID IN (1,2)  AND TransSerial ='A' GROUP BY CreateDate

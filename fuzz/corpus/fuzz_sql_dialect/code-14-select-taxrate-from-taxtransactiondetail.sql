@@ -1,0 +1,1 @@
+SELECT TaxRate FROM TaxTransactionDetail AS TTD  WHERE TransSerial='A' AND TransDocument='TVD' AND TransDocNumber=10 AND LineItemID=1 AND LineItemSubID=0 AND TTD.TaxGroupID='IVA'

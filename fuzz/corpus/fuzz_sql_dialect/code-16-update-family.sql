@@ -1,0 +1,1 @@
+UPDATE [Family] SET [FamilyKey]='0101', [FamilyName]='Sumos', [ParentFamilyID]=2, [ParentFamilyName]='Bebidas', [FamilyLevel]=2, [FamilyPath]='Geral\Bebidas\Sumos', [MaximumDiscount]=100, [IsServiceFamily]=1, [FamilyItemKind]=1 WHERE [FamilyID]=3

@@ -1,0 +1,1 @@
+UPDATE SaleTransaction SET AccountingExportDate='2026-03-14 00:00:00' WHERE TransSerial='A' AND TransDocument='TVD' AND TransDocNumber=10

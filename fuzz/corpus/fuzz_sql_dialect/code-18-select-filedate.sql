@@ -1,0 +1,1 @@
+SELECT [FileDate], [FileSize], [ImportDate] FROM [LumaroLog] WHERE [WorkstationID]=1 AND [Filename]='ITpv0000002.txt'

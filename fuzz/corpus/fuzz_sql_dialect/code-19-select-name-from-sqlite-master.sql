@@ -1,0 +1,1 @@
+SELECT name FROM sqlite_master WHERE type='table' AND lower(name)=lower('LumaroLog')

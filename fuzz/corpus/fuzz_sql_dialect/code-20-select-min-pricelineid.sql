@@ -1,0 +1,1 @@
+SELECT MIN(PriceLineID) FROM PriceLine WHERE PriceLineID>0

@@ -1,0 +1,1 @@
+SELECT * From TaxTable WHERE TaxGroupID ='IVA'  AND CountryID='PT' AND TaxRegionID='CON'

@@ -1,0 +1,1 @@
+SELECT * FROM ItemSellingPrices WHERE ItemID='CABAZ' ORDER BY PriceLineID, ColorID, SizeID, LotID

@@ -1,0 +1,1 @@
+SELECT Len(Description), LEFT(Description, 7) FROM Item WHERE ItemID IN (1, 2) ORDER BY ItemID

@@ -1,0 +1,1 @@
+SELECT Description FROM dbo.Item WHERE dbo.Item.ItemID = 2

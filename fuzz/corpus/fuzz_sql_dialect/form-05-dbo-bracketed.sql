@@ -1,0 +1,1 @@
+SELECT Description FROM [dbo].[Item] WHERE ItemID = 4

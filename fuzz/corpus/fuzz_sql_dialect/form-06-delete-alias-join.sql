@@ -1,0 +1,1 @@
+DELETE i.* FROM Item AS i INNER JOIN Family AS f ON i.FamilyID = f.FamilyID WHERE f.Name = 'Old'

@@ -1,0 +1,1 @@
+DELETE FROM Item FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID WHERE Family.Name = 'Old'

@@ -1,0 +1,1 @@
+DELETE i FROM Item i INNER JOIN Family f ON i.FamilyID = f.FamilyID WHERE f.Name = 'Keep'

@@ -1,0 +1,1 @@
+INSERT INTO Stamp (At) VALUES (GetDate())

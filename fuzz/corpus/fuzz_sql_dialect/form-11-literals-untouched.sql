@@ -1,0 +1,1 @@
+SELECT TOP 1 'it''s [dbo].y GetDate()' FROM Item WHERE Description <> 'TOP 1' ORDER BY ItemID

@@ -1,0 +1,1 @@
+INSERT INTO Family VALUES (7, 'N1'), (8, 'N''2')

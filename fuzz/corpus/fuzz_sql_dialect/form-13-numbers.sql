@@ -1,0 +1,1 @@
+UPDATE Item SET Description = 'x' WHERE ItemID < -1 OR ItemID = 99999999999 OR Price >= 2.5e3

@@ -1,0 +1,2 @@
+SELECT /* TOP 1 */ Len -- (x)
+(Description) FROM Item WHERE [Len] = "left"

@@ -1,0 +1,1 @@
+SELECT TOP (1 'Sem título' AS Name FROM Item WHERE ItemKey = 'A1'
