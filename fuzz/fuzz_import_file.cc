@@ -28,6 +28,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -47,57 +48,18 @@ namespace {
 
 constexpr std::string_view kHeader = "HF^4^1^EMP01^2026\r\n";
 
-// What the initial load leaves in a shop's POS database and the records of
-// the seed files refer to by the back office's codes: price lines, zones,
-// customer groups, carriers, payment terms, a supplier, a unit, the item
-// properties, a salesman, the root of the family tree and one family, and
-// two customers, one made at the till and one whose id a file's customer
-// would take.
-constexpr char kShopRows[] = R"sql(
-UPDATE ConfSystem SET RetentionTax = 20, TaxRegime = 3;
+// What the POS holds before a back-office file arrives: the scenario's rows
+// (zones, groups, price lines, carriers, payments, item properties, the
+// customers in the way of its numbers, the family tree), and the keys of the
+// example shop's files, so that the seeds of both reach their passes.
+const std::string kScenarioRows =
+    std::string(LUMARO_SOURCE_DIR) + "/tests/data/import/scenario/pos-seed.sql";
+constexpr char kExampleKeys[] = R"sql(
 UPDATE PriceLine SET PriceLineKey = '1' WHERE PriceLineID = 1;
-INSERT INTO PriceLine (PriceLineID, PriceLineKey, ShortName, Description, LanguageID)
-VALUES (2, 'PV2', 'PVP2', 'Preço de venda 2', 'PT'),
-       (3, 'PV3', 'PVP3', 'Preço de venda 3', 'PT');
-INSERT INTO Zone (ZoneID, ZoneKey, Description) VALUES (1, 'Z10', 'Norte'), (2, 'Z20', 'Sul'),
-  (3, '1', 'Portugal continental');
-INSERT INTO CustomerGroups (GroupID, GroupKey, Description)
-VALUES (5, 'GR1', 'Revenda'), (6, 'RET', 'Retalho');
-INSERT INTO Carrier (CarrierID, CarrierKey, Description)
-VALUES (3, 'TR1', 'Transportes Um'), (4, 'TR2', 'Transportes Dois'), (5, 'T01', 'Lisboa');
-INSERT INTO Payment (PaymentID, PaymentKey, Description)
-VALUES (7, 'PG30', '30 dias'), (8, 'PG60', '60 dias'), (9, 'PP', 'Pronto pagamento');
-INSERT INTO Supplier (SupplierID, SupplierKey, OrganizationName) VALUES (4, 'F1', 'Fornecedor Um');
-INSERT INTO UnitOfMeasure (UnitOfMeasureID, Description, LanguageID, BaseUnitOfMeasureID,
-  UnitRatio, UnitFormula)
-VALUES ('CX', 'Caixa', 'PT', 'CX', 1, '');
-INSERT INTO ItemProperty (PropertyID, Description, KeyDescription, PropertyKeyType, ControlMode,
-  ControlType, UsePropertyTable, UseProductionDate, UseExpirationDate, ExpirationDateControl,
-  MaximumQuantity)
-VALUES ('CL', 'Controla Lotes', 'CL', 202, 0, 0, 0, 1, 1, 1, 0),
-       ('CCT', 'Controla Cores/Tamanho', 'CCT', 202, 0, 0, 0, 0, 0, 1, 0),
-       ('RLV', 'Regista Lotes na Venda', 'RLV', 202, 0, 1, 0, 1, 1, 1, 0),
-       ('CNS', 'Controla Números de Série', 'CNS', 202, 0, 0, 0, 0, 0, 1, 1),
-       ('RNV', 'Regista Nº de Série na Venda', 'RNV', 202, 0, 1, 0, 0, 0, 1, 1);
-INSERT INTO Salesman (SalesmanID, SalesmanKey, SalesmanName, Comments, CountryID, SalesmanLevel,
-  MaximumDiscount, SalesGroupID, ComissionOnSale, ComissionOnPay, ComissionIncidenceType,
-  SpokenLanguageID)
-VALUES (1, 'V01', 'Vendedor Antigo', 'antigo', '', 3, 10, 2, 5, 50, 1, 'EN');
-INSERT INTO Family (FamilyID, FamilyKey, FamilyName, ParentFamilyID, ParentFamilyName,
-  FamilyLevel, FamilyPath, MaximumDiscount, IsServiceFamily, FamilyItemKind)
-VALUES (1, 'GeneralFamily', 'Geral', 0, 'Geral', 0, 'Geral', 100, 0, 0),
-       (2, '01', 'Bebida', 1, 'Geral', 1, 'Geral\Bebida', 50, 1, 1);
-INSERT INTO FamilyProfitRate (FamilyID, LevelNumber, LevelValue)
-VALUES (2, 1, 10), (2, 2, 20), (2, 3, 30);
-INSERT INTO Party (PartyID, PartyType) VALUES (501, 1), (502, 1);
-INSERT INTO PartyAddress (PartyID, AddressID, AddressLine1, AddressLine2, PostalCode)
-VALUES (501, 0, 'Rua Velha', 'Gaia', '4400-001'), (502, 0, 'Rua X', 'Braga', '4700-001');
-INSERT INTO Customer (CustomerID, CustomerKey, OrganizationName, FederalTaxID, CountryID,
-  CurrencyID, AddressID, ZoneID, PaymentID, TenderID, TaxRegime, PriceLineID, SalesmanID,
-  CarrierID, CreditCurrencyID)
-VALUES (501, 'Exported', 'Cliente Balcão', '999999990', 'PT', 'EUR', 0, 2, 8, 10, 2, 3, 1, 4,
-        'EUR'),
-       (502, '9502', 'Outro Cliente', '500000000', 'PT', 'EUR', 0, 2, 7, 1, 1, 1, 1, 3, 'EUR');
+INSERT INTO Zone (ZoneID, ZoneKey, Description) VALUES (3, '1', 'Portugal continental');
+INSERT INTO CustomerGroups (GroupID, GroupKey, Description) VALUES (6, 'RET', 'Retalho');
+INSERT INTO Carrier (CarrierID, CarrierKey, Description) VALUES (5, 'T01', 'Lisboa');
+INSERT INTO Payment (PaymentID, PaymentKey, Description) VALUES (9, 'PP', 'Pronto pagamento');
 )sql";
 
 [[noreturn]] void Broken(const char* promise, const std::string& detail = "") {
@@ -124,7 +86,11 @@ class Shop {
  public:
   Shop() : exchange_(host_.Folder().File("exchange")) {
     std::filesystem::create_directory(exchange_);
-    host_.Db().ExecuteScript(kShopRows);
+    std::ifstream seed(kScenarioRows, std::ios::binary);
+    std::string rows((std::istreambuf_iterator<char>(seed)), std::istreambuf_iterator<char>());
+    if (rows.empty()) throw std::runtime_error("cannot read " + kScenarioRows);
+    host_.Db().ExecuteScript(rows);
+    host_.Db().ExecuteScript(kExampleKeys);
     connector_.SetEventNotifier(std::make_shared<fuzzsupport::QuietNotifier>(host_.Host()));
     const std::string xml =
         "<LumaroConnectorSetting LumaroDelegationID=\"1\" ImportExportPath=\"" + exchange_ +
