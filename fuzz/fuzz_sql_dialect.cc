@@ -105,8 +105,8 @@ const SqlToken* FirstSignificant(const std::vector<SqlToken>& tokens) {
   return nullptr;
 }
 
-// The text literals and quoted names, in order; a quoted "dbo" right before a
-// "." left out when `drop_dbo`.
+// The text literals and quoted names, in order; a quoted "dbo" (in any case,
+// as the server reads names) right before a "." left out when `drop_dbo`.
 std::vector<std::string> QuotedRuns(const std::vector<SqlToken>& tokens, bool drop_dbo) {
   std::vector<std::string> runs;
   for (size_t i = 0; i < tokens.size(); ++i) {
@@ -114,7 +114,7 @@ std::vector<std::string> QuotedRuns(const std::vector<SqlToken>& tokens, bool dr
     if (token.kind != SqlToken::Kind::kString && token.kind != SqlToken::Kind::kIdentifier)
       continue;
     if (drop_dbo && token.kind == SqlToken::Kind::kIdentifier &&
-        standalone::IdentifierName(token) == "dbo" && i + 1 < tokens.size() &&
+        standalone::SameWord(standalone::IdentifierName(token), "dbo") && i + 1 < tokens.size() &&
         tokens[i + 1].IsSymbol(".")) {
       continue;
     }

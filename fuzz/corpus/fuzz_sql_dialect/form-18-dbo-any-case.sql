@@ -1,0 +1,1 @@
+SELECT n FROM [dBo].[Item] WHERE ItemID = 4
