@@ -3,78 +3,104 @@
 namespace standalone {
 namespace {
 
-std::string Bracketed(const std::string& name) { return "[" + name + "]"; }
+void AppendBracketed(std::string& text, const std::string& name) {
+  text += '[';
+  text += name;
+  text += ']';
+}
+
+void AppendWhere(std::string& text, const host::SqlStatement& statement,
+                 const StatementTexts::ValueText& value) {
+  bool first = true;
+  for (const auto& key : statement.Keys()) {
+    text += first ? " WHERE " : " AND ";
+    first = false;
+    AppendBracketed(text, key.name);
+    text += '=';
+    text += value(key);
+  }
+}
 
 }  // namespace
 
-std::string StatementTexts::Value(const host::SqlStatement::Column& column) const {
-  using Kind = host::SqlStatement::Kind;
-  switch (column.kind) {
-    case Kind::kText:
-      return "'" + format_.QuoteText(column.text) + "'";
-    case Kind::kBoolean:
-      return format_.Boolean(column.number != 0);
-    case Kind::kNumber:
-      return format_.Number(column.number);
-    case Kind::kDate:
-    case Kind::kDateTime:
-      return format_.DateLiteral(column.date);
-    case Kind::kTime:
-      return format_.TimeLiteral(column.date);
-    case Kind::kNull:
-      return "NULL";
+std::string StatementTexts::Build(Shape shape, const host::SqlStatement& statement,
+                                  const ValueText& value) {
+  std::string text;
+  switch (shape) {
+    case Shape::kInsert: {
+      text = "INSERT INTO ";
+      AppendBracketed(text, statement.Table());
+      std::string values;
+      for (const auto& column : statement.Columns()) {
+        text += values.empty() ? " (" : ", ";
+        values += values.empty() ? "" : ", ";
+        AppendBracketed(text, column.name);
+        values += value(column);
+      }
+      text += ") VALUES (" + values + ")";
+      return text;
+    }
+    case Shape::kUpdate: {
+      text = "UPDATE ";
+      AppendBracketed(text, statement.Table());
+      bool first = true;
+      for (const auto& column : statement.Columns()) {
+        text += first ? " SET " : ", ";
+        first = false;
+        AppendBracketed(text, column.name);
+        text += '=';
+        text += value(column);
+      }
+      break;
+    }
+    case Shape::kDelete:
+      text = "DELETE FROM ";
+      AppendBracketed(text, statement.Table());
+      break;
+    case Shape::kSelect: {
+      text = "SELECT ";
+      const auto& selected = statement.SelectedColumns();
+      if (selected.empty()) text += '*';
+      for (size_t i = 0; i < selected.size(); ++i) {
+        if (i > 0) text += ", ";
+        AppendBracketed(text, selected[i]);
+      }
+      text += " FROM ";
+      AppendBracketed(text, statement.Table());
+      break;
+    }
+    case Shape::kCount:
+      text = "SELECT COUNT(*) AS [Count] FROM ";
+      AppendBracketed(text, statement.Table());
+      break;
   }
-  return "NULL";
+  AppendWhere(text, statement, value);
+  return text;
 }
 
-std::string StatementTexts::Where(const host::SqlStatement& statement) const {
-  std::string where;
-  for (const auto& key : statement.Keys()) {
-    where += where.empty() ? " WHERE " : " AND ";
-    where += Bracketed(key.name) + "=" + Value(key);
-  }
-  return where;
+std::string StatementTexts::Literals(Shape shape, const host::SqlStatement& statement) const {
+  return Build(shape, statement,
+               [this](const host::SqlValue& value) { return host::SqlLiteral(format_, value); });
 }
 
 std::string StatementTexts::InsertText(const host::SqlStatement& statement) const {
-  std::string names;
-  std::string values;
-  for (const auto& column : statement.Columns()) {
-    if (!names.empty()) {
-      names += ", ";
-      values += ", ";
-    }
-    names += Bracketed(column.name);
-    values += Value(column);
-  }
-  return "INSERT INTO " + Bracketed(statement.Table()) + " (" + names + ") VALUES (" + values + ")";
+  return Literals(Shape::kInsert, statement);
 }
 
 std::string StatementTexts::UpdateText(const host::SqlStatement& statement) const {
-  std::string sets;
-  for (const auto& column : statement.Columns()) {
-    if (!sets.empty()) sets += ", ";
-    sets += Bracketed(column.name) + "=" + Value(column);
-  }
-  return "UPDATE " + Bracketed(statement.Table()) + " SET " + sets + Where(statement);
+  return Literals(Shape::kUpdate, statement);
 }
 
 std::string StatementTexts::DeleteText(const host::SqlStatement& statement) const {
-  return "DELETE FROM " + Bracketed(statement.Table()) + Where(statement);
+  return Literals(Shape::kDelete, statement);
 }
 
 std::string StatementTexts::SelectText(const host::SqlStatement& statement) const {
-  std::string columns;
-  for (const std::string& name : statement.SelectedColumns()) {
-    if (!columns.empty()) columns += ", ";
-    columns += Bracketed(name);
-  }
-  if (columns.empty()) columns = "*";
-  return "SELECT " + columns + " FROM " + Bracketed(statement.Table()) + Where(statement);
+  return Literals(Shape::kSelect, statement);
 }
 
 std::string StatementTexts::CountText(const host::SqlStatement& statement) const {
-  return "SELECT COUNT(*) AS [Count] FROM " + Bracketed(statement.Table()) + Where(statement);
+  return Literals(Shape::kCount, statement);
 }
 
 }  // namespace standalone

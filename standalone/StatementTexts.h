@@ -1,6 +1,9 @@
 #ifndef LUMARO_STANDALONE_STATEMENT_TEXTS_H_
 #define LUMARO_STANDALONE_STATEMENT_TEXTS_H_
 
+#include <functional>
+#include <string>
+
 #include "connector/host/DatabaseService.h"
 
 namespace standalone {
@@ -15,7 +18,16 @@ namespace standalone {
 // Without keys the WHERE clause is left out.
 class StatementTexts : public host::StatementRunner {
  public:
+  // What stands in the text for each value, in the order of the text.
+  using ValueText = std::function<std::string(const host::SqlValue&)>;
+  enum class Shape { kInsert, kUpdate, kDelete, kSelect, kCount };
+
   explicit StatementTexts(const host::SqlFormat& format) : format_(format) {}
+
+  // The text of one shape with `value` writing each value: a literal, or a
+  // ? marker for a database that binds it.
+  static std::string Build(Shape shape, const host::SqlStatement& statement,
+                           const ValueText& value);
 
   std::string InsertText(const host::SqlStatement& statement) const override;
   std::string UpdateText(const host::SqlStatement& statement) const override;
@@ -24,8 +36,7 @@ class StatementTexts : public host::StatementRunner {
   std::string CountText(const host::SqlStatement& statement) const override;
 
  private:
-  std::string Value(const host::SqlStatement::Column& column) const;
-  std::string Where(const host::SqlStatement& statement) const;
+  std::string Literals(Shape shape, const host::SqlStatement& statement) const;
 
   const host::SqlFormat& format_;
 };

@@ -25,6 +25,10 @@ class SqlFormat {
   virtual std::string Boolean(bool value) const = 0;
 };
 
+// A value as a literal of the database whose format is given: quoted text,
+// a date literal, a number, a truth value, NULL.
+std::string SqlLiteral(const SqlFormat& format, const SqlValue& value);
+
 // Turns a SqlStatement into the SQL text of this database.
 class StatementRunner {
  public:
@@ -78,6 +82,14 @@ class DatabaseService {
                                      bool read_only = false) = 0;
 
   virtual const host::SqlFormat& SqlFormat() const = 0;
+
+  // Runs a statement whose values stand apart from its text: each ? of
+  // `sql` (outside quoted literals and [names]) stands for the next of
+  // `values`, in order. The same recordset as OpenRecordset gives for the
+  // text with the values written in as literals, which is what this default
+  // does; a database that takes parameters binds them instead, and prepares
+  // the text once for all the values it runs with.
+  virtual RecordsetPtr Query(std::string_view sql, const std::vector<SqlValue>& values);
   virtual const host::StatementRunner& StatementRunner() const = 0;
   virtual SchemaService& Schema() = 0;
 

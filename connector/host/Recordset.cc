@@ -31,12 +31,46 @@ bool SameAsciiName(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+size_t RecordsetColumns::NoCaseHash::operator()(std::string_view name) const {
+  size_t hash = 14695981039346656037ull;
+  for (char c : name) {
+    hash = (hash ^ static_cast<unsigned char>(std::toupper(static_cast<unsigned char>(c)))) *
+           1099511628211ull;
+  }
+  return hash;
+}
+
+bool RecordsetColumns::NoCaseEqual::operator()(std::string_view a, std::string_view b) const {
+  return SameAsciiName(a, b);
+}
+
+RecordsetColumns::RecordsetColumns(std::vector<std::string> names) : names_(std::move(names)) {
+  for (const std::string& name : names_) all_ascii_ = all_ascii_ && IsAscii(name);
+  if (!all_ascii_) return;
+  ascii_index_.reserve(names_.size());
+  // The first column of a name wins, as in ADO.
+  for (size_t i = 0; i < names_.size(); ++i) ascii_index_.emplace(names_[i], static_cast<int>(i));
+}
+
+int RecordsetColumns::IndexOf(std::string_view name) const {
+  if (all_ascii_ && IsAscii(name)) {
+    auto found = ascii_index_.find(name);
+    return found == ascii_index_.end() ? -1 : found->second;
+  }
+  for (size_t i = 0; i < names_.size(); ++i) {
+    if (EqualsNoCase(names_[i], name)) return static_cast<int>(i);
+  }
+  return -1;
+}
+
 Recordset::Recordset() = default;
 
 Recordset::Recordset(std::vector<std::string> column_names, std::vector<Row> rows)
-    : open_(true), names_(std::move(column_names)), rows_(std::move(rows)) {
-  ascii_names_.reserve(names_.size());
-  for (const std::string& name : names_) ascii_names_.push_back(IsAscii(name));
+    : Recordset(std::make_shared<const RecordsetColumns>(std::move(column_names)),
+                std::move(rows)) {}
+
+Recordset::Recordset(std::shared_ptr<const RecordsetColumns> columns, std::vector<Row> rows)
+    : open_(true), columns_(std::move(columns)), rows_(std::move(rows)) {
   visible_.reserve(rows_.size());
   for (size_t i = 0; i < rows_.size(); ++i) visible_.push_back(i);
   position_ = 0;
@@ -97,27 +131,21 @@ int32_t Recordset::RecordCount() const {
 
 int Recordset::FieldCount() const {
   RequireOpen();
-  return static_cast<int>(names_.size());
+  return static_cast<int>(columns_->size());
 }
 
 const std::string& Recordset::FieldName(int index) const {
   RequireOpen();
-  if (index < 0 || index >= static_cast<int>(names_.size())) Raise(err::kItemNotFound, "Recordset");
-  return names_[index];
+  if (index < 0 || index >= static_cast<int>(columns_->size())) {
+    Raise(err::kItemNotFound, "Recordset");
+  }
+  return columns_->Name(index);
 }
 
 bool Recordset::HasField(std::string_view name) const { return IndexOf(name) >= 0; }
 
 int Recordset::IndexOf(std::string_view name) const {
-  // The first column of that name wins, as in ADO. Column names are nearly
-  // always plain ASCII, which takes the short way.
-  bool ascii = IsAscii(name);
-  for (size_t i = 0; i < names_.size(); ++i) {
-    bool same = ascii && ascii_names_[i] ? SameAsciiName(names_[i], name)
-                                         : EqualsNoCase(names_[i], name);
-    if (same) return static_cast<int>(i);
-  }
-  return -1;
+  return columns_ ? columns_->IndexOf(name) : -1;
 }
 
 const Variant& Recordset::Fields(std::string_view name) const {
@@ -133,7 +161,7 @@ const Variant& Recordset::Fields(std::string_view name) const {
 
 const Variant& Recordset::Fields(int index) const {
   RequireCurrent();
-  if (index < 0 || index >= static_cast<int>(names_.size())) Raise(err::kItemNotFound, "Recordset");
+  if (index < 0 || index >= static_cast<int>(columns_->size())) Raise(err::kItemNotFound, "Recordset");
   return rows_[visible_[position_]][index];
 }
 

@@ -5,11 +5,40 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "connector/host/Variant.h"
 
 namespace host {
+
+// The column names of a recordset, shared by every recordset of one
+// statement: found by name without regard to case, the first of a name
+// winning.
+class RecordsetColumns {
+ public:
+  explicit RecordsetColumns(std::vector<std::string> names);
+
+  size_t size() const { return names_.size(); }
+  const std::string& Name(size_t index) const { return names_[index]; }
+  int IndexOf(std::string_view name) const;  // -1 when absent
+
+ private:
+  struct NoCaseHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view name) const;
+  };
+  struct NoCaseEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+  };
+
+  std::vector<std::string> names_;
+  // Plain ASCII names by name; empty when a name is not plain ASCII, which
+  // the slow way compares as Unicode.
+  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> ascii_index_;
+  bool all_ascii_ = true;
+};
 
 // A client-side recordset in ADO's manner (cursor location 3): every row is
 // read when the statement runs, so RecordCount, MoveFirst, Filter and Find
@@ -25,6 +54,7 @@ class Recordset {
   Recordset();
   // An open recordset on the given rows, positioned on the first row.
   Recordset(std::vector<std::string> column_names, std::vector<Row> rows);
+  Recordset(std::shared_ptr<const RecordsetColumns> columns, std::vector<Row> rows);
 
   bool IsOpen() const { return open_; }
   void Close();
@@ -64,8 +94,7 @@ class Recordset {
   int IndexOf(std::string_view name) const;  // -1 when absent
 
   bool open_ = false;
-  std::vector<std::string> names_;
-  std::vector<bool> ascii_names_;  // whether each name is plain ASCII
+  std::shared_ptr<const RecordsetColumns> columns_;
   std::vector<Row> rows_;
   std::vector<size_t> visible_;  // row numbers that pass the filter
   std::string filter_;

@@ -4,43 +4,51 @@
 
 namespace host {
 
-void SqlStatement::Put(std::vector<Column>& list, Column column) {
+SqlValue SqlValue::Boolean(bool value) {
+  return {Kind::kBoolean, {}, BooleanNumber(value) * 1.0, {}};
+}
+
+SqlValue SqlValue::Date(host::Date value) { return {Kind::kDate, {}, 0, DatePart(value)}; }
+
+SqlValue SqlValue::DateTime(host::Date value) { return {Kind::kDateTime, {}, 0, value}; }
+
+SqlValue SqlValue::Time(host::Date value) { return {Kind::kTime, {}, 0, TimePart(value)}; }
+
+void SqlStatement::Put(std::vector<Column>& list, std::string_view name, SqlValue value) {
   for (Column& existing : list) {
-    if (existing.name == column.name) {
-      existing = std::move(column);
+    if (existing.name == name) {
+      static_cast<SqlValue&>(existing) = std::move(value);
       return;
     }
   }
-  list.push_back(std::move(column));
+  list.push_back(Column{std::move(value), std::string(name)});
 }
 
 void SqlStatement::Text(std::string_view column, std::string_view value) {
-  Put(columns_, Column{std::string(column), Kind::kText, std::string(value), 0, {}});
+  Put(columns_, column, SqlValue::Text(value));
 }
 
 void SqlStatement::Boolean(std::string_view column, bool value) {
-  Put(columns_, Column{std::string(column), Kind::kBoolean, {}, BooleanNumber(value) * 1.0, {}});
+  Put(columns_, column, SqlValue::Boolean(value));
 }
 
 void SqlStatement::Date(std::string_view column, host::Date value) {
-  Put(columns_, Column{std::string(column), Kind::kDate, {}, 0, DatePart(value)});
+  Put(columns_, column, SqlValue::Date(value));
 }
 
 void SqlStatement::DateTime(std::string_view column, host::Date value) {
-  Put(columns_, Column{std::string(column), Kind::kDateTime, {}, 0, value});
+  Put(columns_, column, SqlValue::DateTime(value));
 }
 
 void SqlStatement::Time(std::string_view column, host::Date value) {
-  Put(columns_, Column{std::string(column), Kind::kTime, {}, 0, TimePart(value)});
+  Put(columns_, column, SqlValue::Time(value));
 }
 
 void SqlStatement::Number(std::string_view column, double value) {
-  Put(columns_, Column{std::string(column), Kind::kNumber, {}, value, {}});
+  Put(columns_, column, SqlValue::Number(value));
 }
 
-void SqlStatement::Null(std::string_view column) {
-  Put(columns_, Column{std::string(column), Kind::kNull, {}, 0, {}});
-}
+void SqlStatement::Null(std::string_view column) { Put(columns_, column, SqlValue::Null()); }
 
 void SqlStatement::SelectColumn(std::string_view column) {
   for (const std::string& existing : selected_) {
@@ -50,11 +58,11 @@ void SqlStatement::SelectColumn(std::string_view column) {
 }
 
 void SqlStatement::KeyNumber(std::string_view column, double value) {
-  Put(keys_, Column{std::string(column), Kind::kNumber, {}, value, {}});
+  Put(keys_, column, SqlValue::Number(value));
 }
 
 void SqlStatement::KeyText(std::string_view column, std::string_view value) {
-  Put(keys_, Column{std::string(column), Kind::kText, std::string(value), 0, {}});
+  Put(keys_, column, SqlValue::Text(value));
 }
 
 void SqlStatement::ClearColumns() {

@@ -9,20 +9,35 @@
 
 namespace host {
 
+// One typed value of a statement: what a column is set to, what a key
+// compares with, or what a ? of a statement's text stands for.
+struct SqlValue {
+  enum class Kind { kText, kBoolean, kDate, kDateTime, kTime, kNumber, kNull };
+
+  static SqlValue Text(std::string_view value) { return {Kind::kText, std::string(value), 0, {}}; }
+  static SqlValue Number(double value) { return {Kind::kNumber, {}, value, {}}; }
+  static SqlValue Boolean(bool value);
+  static SqlValue Date(host::Date value);      // the date alone
+  static SqlValue DateTime(host::Date value);  // date and time
+  static SqlValue Time(host::Date value);      // the time alone
+  static SqlValue Null() { return {Kind::kNull, {}, 0, {}}; }
+
+  Kind kind = Kind::kNull;
+  std::string text;   // kText
+  double number = 0;  // kNumber, kBoolean (-1/0)
+  host::Date date;    // kDate, kDateTime, kTime
+};
+
 // One statement on one table, built column by column; a DatabaseService runs
 // it (RunInsert, RunUpdate, ...) or a StatementRunner turns it into SQL text.
 // Setting a column or key a second time replaces its value, so that one
 // statement can be refilled row after row.
 class SqlStatement {
  public:
-  enum class Kind { kText, kBoolean, kDate, kDateTime, kTime, kNumber, kNull };
+  using Kind = SqlValue::Kind;
 
-  struct Column {
+  struct Column : SqlValue {
     std::string name;
-    Kind kind;
-    std::string text;   // kText
-    double number = 0;  // kNumber, kBoolean (-1/0)
-    Date date;          // kDate, kDateTime, kTime
   };
 
   void SetTable(std::string table) { table_ = std::move(table); }
@@ -51,7 +66,7 @@ class SqlStatement {
   const std::vector<std::string>& SelectedColumns() const { return selected_; }
 
  private:
-  static void Put(std::vector<Column>& list, Column column);
+  static void Put(std::vector<Column>& list, std::string_view name, SqlValue value);
 
   std::string table_;
   int operation_ = 0;

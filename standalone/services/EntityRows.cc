@@ -13,8 +13,9 @@ namespace {
 // (0x80040E57, "String or binary data would be truncated").
 constexpr int32_t kDataTruncated = -2147217833;
 
-double FirstNumber(host::DatabaseService& db, const std::string& sql) {
-  host::RecordsetPtr rs = db.OpenRecordset(sql);
+double FirstNumber(host::DatabaseService& db, const std::string& sql,
+                   const std::vector<host::SqlValue>& values = {}) {
+  host::RecordsetPtr rs = db.Query(sql, values);
   return rs->Eof() ? 0 : host::FieldConverter::ToNumber(rs->Fields(0));
 }
 
@@ -32,9 +33,9 @@ double IdFromKey(host::DatabaseService& db, std::string_view table, std::string_
                  std::string_view key_column, std::string_view key) {
   if (key.empty()) return 0;
   return FirstNumber(db, "SELECT TOP 1 " + std::string(id_column) + " FROM " + std::string(table) +
-                             " WHERE " + std::string(key_column) + "='" +
-                             db.SqlFormat().QuoteText(key) + "' ORDER BY " +
-                             std::string(id_column));
+                             " WHERE " + std::string(key_column) + "=? ORDER BY " +
+                             std::string(id_column),
+                     {host::SqlValue::Text(key)});
 }
 
 double FirstId(host::DatabaseService& db, std::string_view table, std::string_view id_column,
@@ -51,8 +52,9 @@ double NextId(host::DatabaseService& db, std::string_view table, std::string_vie
 
 bool RowExists(host::DatabaseService& db, std::string_view table, std::string_view id_column,
                double id) {
-  return !db.OpenRecordset("SELECT " + std::string(id_column) + " FROM " + std::string(table) +
-                           " WHERE " + std::string(id_column) + "=" + db.SqlFormat().Number(id))
+  return !db.Query("SELECT " + std::string(id_column) + " FROM " + std::string(table) + " WHERE " +
+                       std::string(id_column) + "=?",
+                   {host::SqlValue::Number(id)})
               ->Eof();
 }
 

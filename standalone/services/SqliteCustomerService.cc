@@ -64,28 +64,28 @@ bool SqliteCustomerService::Exists(double customer_id) {
 }
 
 std::shared_ptr<host::Customer> SqliteCustomerService::Get(double customer_id) {
-  const std::string id = db_.SqlFormat().Number(customer_id);
-  auto rs = db_.OpenRecordset("SELECT * FROM Customer WHERE CustomerID=" + id);
+  auto rs =
+      db_.Query("SELECT * FROM Customer WHERE CustomerID=?", {host::SqlValue::Number(customer_id)});
   if (rs->Eof()) return nullptr;
   auto customer = std::make_shared<Customer>();
   customer->CustomerID = FieldConverter::ToNumber(rs->Fields("CustomerID"));
   kCustomerColumns.Read(*rs, *customer);
   // The customer's own country stays when its address row has none.
   std::string country = customer->CountryID;
-  auto address = db_.OpenRecordset("SELECT * FROM PartyAddress WHERE PartyID=" + id +
-                                   " AND AddressID=" + db_.SqlFormat().Number(customer->AddressID));
+  auto address = db_.Query(
+      "SELECT * FROM PartyAddress WHERE PartyID=? AND AddressID=?",
+      {host::SqlValue::Number(customer_id), host::SqlValue::Number(customer->AddressID)});
   if (!address->Eof()) kAddressColumns.Read(*address, *customer);
   if (customer->CountryID.empty()) customer->CountryID = country;
   return customer;
 }
 
 void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
-  const host::SqlFormat& format = db_.SqlFormat();
   bool customer_exists = Exists(customer_id);
-  bool address_exists = !db_.OpenRecordset("SELECT AddressID FROM PartyAddress WHERE PartyID=" +
-                                           format.Number(customer_id) +
-                                           " AND AddressID=" + format.Number(customer.AddressID))
-                             ->Eof();
+  bool address_exists =
+      !db_.Query("SELECT AddressID FROM PartyAddress WHERE PartyID=? AND AddressID=?",
+                 {host::SqlValue::Number(customer_id), host::SqlValue::Number(customer.AddressID)})
+           ->Eof();
   writer_.Atomically([&] {
     host::SqlStatement row;
     row.SetTable("Customer");

@@ -11,15 +11,15 @@ using host::FieldConverter;
 // The row of `table` whose `column` is `value`; nullptr when there is none.
 host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
                             std::string_view column, double value) {
-  auto rs = db.OpenRecordset("SELECT * FROM " + std::string(table) + " WHERE " +
-                             std::string(column) + "=" + db.SqlFormat().Number(value));
+  auto rs = db.Query("SELECT * FROM " + std::string(table) + " WHERE " + std::string(column) + "=?",
+                     {host::SqlValue::Number(value)});
   return rs->Eof() ? nullptr : rs;
 }
 
 host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
                             std::string_view column, std::string_view value) {
-  auto rs = db.OpenRecordset("SELECT * FROM " + std::string(table) + " WHERE " +
-                             std::string(column) + "='" + db.SqlFormat().QuoteText(value) + "'");
+  auto rs = db.Query("SELECT * FROM " + std::string(table) + " WHERE " + std::string(column) + "=?",
+                     {host::SqlValue::Text(value)});
   return rs->Eof() ? nullptr : rs;
 }
 
@@ -122,9 +122,8 @@ std::shared_ptr<host::PartyAddress> SqlitePartyAddressService::GetPartyAddress(d
   auto address = std::make_shared<host::PartyAddress>();
   address->PartyID = party_id;
   address->AddressID = address_id;
-  auto rs = db_.OpenRecordset(
-      "SELECT * FROM PartyAddress WHERE PartyID=" + db_.SqlFormat().Number(party_id) +
-      " AND AddressID=" + db_.SqlFormat().Number(address_id));
+  auto rs = db_.Query("SELECT * FROM PartyAddress WHERE PartyID=? AND AddressID=?",
+                      {host::SqlValue::Number(party_id), host::SqlValue::Number(address_id)});
   if (rs->Eof()) return address;
   address->AddressLine1 = FieldConverter::ToText(rs->Fields("AddressLine1"));
   address->AddressLine2 = FieldConverter::ToText(rs->Fields("AddressLine2"));

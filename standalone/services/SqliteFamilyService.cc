@@ -33,8 +33,8 @@ const EntityColumns<FamilyLevelRow> kLevelColumns = {
 double SqliteFamilyService::GetIDFromKey(std::string_view family_key) {
   // The empty key is a key like another: the root that a load without its
   // key leaves is found by it.
-  auto rs = db_.OpenRecordset("SELECT TOP 1 FamilyID FROM Family WHERE FamilyKey='" +
-                              db_.SqlFormat().QuoteText(family_key) + "' ORDER BY FamilyID");
+  auto rs = db_.Query("SELECT TOP 1 FamilyID FROM Family WHERE FamilyKey=? ORDER BY FamilyID",
+                      {host::SqlValue::Text(family_key)});
   return rs->Eof() ? 0 : FieldConverter::ToNumber(rs->Fields(0));
 }
 
@@ -43,15 +43,16 @@ bool SqliteFamilyService::Exists(double family_id) {
 }
 
 std::shared_ptr<host::Family> SqliteFamilyService::Get(double family_id) {
-  const std::string id = db_.SqlFormat().Number(family_id);
-  auto rs = db_.OpenRecordset("SELECT * FROM Family WHERE FamilyID=" + id);
+  const std::vector<host::SqlValue> id = {host::SqlValue::Number(family_id)};
+  auto rs = db_.Query("SELECT * FROM Family WHERE FamilyID=?", id);
   if (rs->Eof()) return nullptr;
   auto family = std::make_shared<Family>();
   family->FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
   kFamilyColumns.Read(*rs, *family);
-  for (auto levels = db_.OpenRecordset(
-           "SELECT LevelNumber, LevelValue FROM FamilyProfitRate WHERE FamilyID=" + id +
-           " ORDER BY LevelNumber");
+  for (auto levels = db_.Query(
+           "SELECT LevelNumber, LevelValue FROM FamilyProfitRate WHERE FamilyID=? ORDER BY "
+           "LevelNumber",
+           id);
        !levels->Eof(); levels->MoveNext()) {
     kLevelColumns.Read(*levels, family->LevelRows.emplace_back());
   }

@@ -116,9 +116,9 @@ const EntityColumns<ItemPropertyValue> kPropertyValueColumns = {
 
 host::RecordsetPtr SqliteItemService::RowsOf(const char* table, std::string_view item_id,
                                              const char* order_by) {
-  return db_.OpenRecordset("SELECT * FROM " + std::string(table) + " WHERE ItemID='" +
-                           db_.SqlFormat().QuoteText(item_id) + "'" +
-                           (order_by ? std::string(" ORDER BY ") + order_by : ""));
+  return db_.Query("SELECT * FROM " + std::string(table) + " WHERE ItemID=?" +
+                       (order_by ? std::string(" ORDER BY ") + order_by : ""),
+                   {host::SqlValue::Text(item_id)});
 }
 
 template <typename Row>
@@ -161,20 +161,19 @@ std::string SqliteItemService::GetKey(std::string_view item_id) {
 
 std::string SqliteItemService::GetItemIDFromKey(std::string_view item_key) {
   if (item_key.empty()) return "";
-  auto rs = db_.OpenRecordset("SELECT TOP 1 ItemID FROM Item WHERE ItemKey='" +
-                              db_.SqlFormat().QuoteText(item_key) + "' ORDER BY ItemID");
+  auto rs = db_.Query("SELECT TOP 1 ItemID FROM Item WHERE ItemKey=? ORDER BY ItemID",
+                      {host::SqlValue::Text(item_key)});
   return rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
 }
 
 bool SqliteItemService::Exists(std::string_view item_id) {
-  return !db_.OpenRecordset("SELECT ItemID FROM Item WHERE ItemID='" +
-                            db_.SqlFormat().QuoteText(item_id) + "'")
+  return !db_.Query("SELECT ItemID FROM Item WHERE ItemID=?", {host::SqlValue::Text(item_id)})
               ->Eof();
 }
 
 bool SqliteItemService::HasComponents(std::string_view item_id) {
-  return !db_.OpenRecordset("SELECT TOP 1 ItemID FROM ItemComponents WHERE ItemID='" +
-                            db_.SqlFormat().QuoteText(item_id) + "'")
+  return !db_.Query("SELECT TOP 1 ItemID FROM ItemComponents WHERE ItemID=?",
+                    {host::SqlValue::Text(item_id)})
               ->Eof();
 }
 

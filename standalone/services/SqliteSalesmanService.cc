@@ -27,11 +27,11 @@ const EntityColumns<Salesman> kSalesmanColumns = {
 
 std::shared_ptr<host::Salesman> SqliteSalesmanService::Get(double salesman_id,
                                                            std::string_view salesman_key) {
-  const host::SqlFormat& format = db_.SqlFormat();
-  std::string where = salesman_id == 0 && !salesman_key.empty()
-                          ? "SalesmanKey='" + format.QuoteText(salesman_key) + "'"
-                          : "SalesmanID=" + format.Number(salesman_id);
-  auto rs = db_.OpenRecordset("SELECT * FROM Salesman WHERE " + where);
+  auto rs = salesman_id == 0 && !salesman_key.empty()
+                ? db_.Query("SELECT * FROM Salesman WHERE SalesmanKey=?",
+                            {host::SqlValue::Text(salesman_key)})
+                : db_.Query("SELECT * FROM Salesman WHERE SalesmanID=?",
+                            {host::SqlValue::Number(salesman_id)});
   if (rs->Eof()) return nullptr;
   auto salesman = std::make_shared<Salesman>();
   salesman->SalesmanID = host::FieldConverter::ToNumber(rs->Fields("SalesmanID"));

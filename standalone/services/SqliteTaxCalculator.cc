@@ -14,12 +14,11 @@ double SqliteTaxCalculator::Rate(int16_t taxable_group_id, const Context& contex
   auto key = std::make_tuple(context.CountryID, context.TaxRegionID, taxable_group_id);
   auto found = rates_.find(key);
   if (found != rates_.end()) return found->second;
-  const host::SqlFormat& format = db_.SqlFormat();
-  auto rs =
-      db_.OpenRecordset("SELECT TaxRate FROM TaxTable WHERE TaxGroupID='IVA' AND CountryID='" +
-                        format.QuoteText(context.CountryID) + "' AND TaxRegionID='" +
-                        format.QuoteText(context.TaxRegionID) +
-                        "' AND TaxSequenceID=" + format.Number(taxable_group_id));
+  auto rs = db_.Query(
+      "SELECT TaxRate FROM TaxTable WHERE TaxGroupID='IVA' AND CountryID=? AND TaxRegionID=? AND "
+      "TaxSequenceID=?",
+      {host::SqlValue::Text(context.CountryID), host::SqlValue::Text(context.TaxRegionID),
+       host::SqlValue::Number(taxable_group_id)});
   double rate = rs->Eof() ? 0 : host::FieldConverter::ToNumber(rs->Fields(0));
   rates_.emplace(std::move(key), rate);
   return rate;

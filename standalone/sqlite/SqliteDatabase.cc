@@ -5,6 +5,9 @@
 
 #include <cctype>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
@@ -140,6 +143,45 @@ void BindValue(sqlite3_stmt* statement, int index, const ParameterizedSql::Value
   }
 }
 
+// Binds a value as the literal that SqliteSqlFormat writes would be stored:
+// a number goes through its 15-digit text, so that a bound number and a
+// written one are the same value.
+void BindSqlValue(sqlite3_stmt* statement, int index, const host::SqlValue& value) {
+  using Kind = host::SqlValue::Kind;
+  switch (value.kind) {
+    case Kind::kText:
+      // The value outlives the step: the caller holds it until Run returns.
+      sqlite3_bind_text(statement, index, value.text.data(), static_cast<int>(value.text.size()),
+                        SQLITE_STATIC);
+      return;
+    case Kind::kBoolean:
+      sqlite3_bind_int64(statement, index, value.number != 0 ? 1 : 0);
+      return;
+    case Kind::kNumber: {
+      char text[40];
+      std::snprintf(text, sizeof text, "%.15g", value.number == 0 ? 0.0 : value.number);
+      if (std::strpbrk(text, ".eEin") == nullptr) {
+        sqlite3_bind_int64(statement, index, std::strtoll(text, nullptr, 10));
+      } else {
+        sqlite3_bind_double(statement, index, std::strtod(text, nullptr));
+      }
+      return;
+    }
+    case Kind::kDate:
+    case Kind::kDateTime:
+    case Kind::kTime: {
+      std::string text = StoredDateText(value.kind == Kind::kTime ? host::TimePart(value.date)
+                                                                 : value.date);
+      sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()),
+                        SQLITE_TRANSIENT);
+      return;
+    }
+    case Kind::kNull:
+      sqlite3_bind_null(statement, index);
+      return;
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, OpenMode mode) {
@@ -191,6 +233,9 @@ SqliteDatabase::~SqliteDatabase() {
 void SqliteDatabase::FinalizeAll() {
   for (auto& [text, statement] : cache_) sqlite3_finalize(statement);
   cache_.clear();
+  for (auto& [text, statement] : bound_cache_) sqlite3_finalize(statement);
+  bound_cache_.clear();
+  result_columns_.clear();
 }
 
 void SqliteDatabase::RequireOpen() const {
@@ -241,7 +286,7 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
     for (size_t i = 0; i < parameterized.values.size(); ++i) {
       BindValue(statement, static_cast<int>(i + 1), parameterized.values[i]);
     }
-    return Run(statement, sql);
+    return Run(statement, sql, true);
   }
   // The text as it stands, when its values could not be taken out, or when
   // it holds several statements.
@@ -256,7 +301,7 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
     if (one == nullptr) break;  // only blanks or comments left
     ++stats_.prepared;
     try {
-      result = Run(one, sql);
+      result = Run(one, sql, false);
     } catch (...) {
       sqlite3_finalize(one);
       throw;
@@ -267,23 +312,120 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
   return result;
 }
 
-host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql) {
+host::RecordsetPtr SqliteDatabase::Query(std::string_view sql,
+                                         const std::vector<host::SqlValue>& values) {
+  std::vector<const host::SqlValue*> bound;
+  bound.reserve(values.size());
+  for (const host::SqlValue& value : values) bound.push_back(&value);
+  return RunBound(sql, bound, true);
+}
+
+host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
+                                            const std::vector<const host::SqlValue*>& values,
+                                            bool translate) {
+  RequireOpen();
+  if (observer_) observer_(sql);
+  ++stats_.executed;
+  std::string key(sql);
+  auto found = bound_cache_.find(key);
+  if (found == bound_cache_.end()) {
+    std::string sqlite_sql = translate ? TranslateToSqlite(sql) : key;
+    sqlite3_stmt* statement = nullptr;
+    const char* tail = nullptr;
+    int rc = sqlite3_prepare_v2(db_, sqlite_sql.c_str(), static_cast<int>(sqlite_sql.size()),
+                                &statement, &tail);
+    if (rc != SQLITE_OK) RaiseSqlError(rc, sql);
+    if (statement == nullptr) {
+      host::RaiseWith(host::err::kSqlRefused, "No statement in: " + Shortened(sql), kSource);
+    }
+    ++stats_.prepared;
+    found = bound_cache_.emplace(std::move(key), statement).first;
+  }
+  sqlite3_stmt* statement = found->second;
+  if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size())) {
+    host::RaiseWith(host::err::kInvalidProcedureCall,
+                    std::to_string(values.size()) + " values for the ? markers of: " +
+                        Shortened(sql),
+                    kSource);
+  }
+  for (size_t i = 0; i < values.size(); ++i) {
+    BindSqlValue(statement, static_cast<int>(i + 1), *values[i]);
+  }
+  return Run(statement, sql, true);
+}
+
+host::RecordsetPtr SqliteDatabase::RunShape(StatementTexts::Shape shape,
+                                            const host::SqlStatement& statement) {
+  std::vector<const host::SqlValue*> values;
+  values.reserve(statement.Columns().size() + statement.Keys().size());
+  std::string text = StatementTexts::Build(shape, statement, [&](const host::SqlValue& value) {
+    values.push_back(&value);
+    return std::string("?");
+  });
+  return RunBound(text, values, false);
+}
+
+void SqliteDatabase::RunInsert(const host::SqlStatement& statement) {
+  RunShape(StatementTexts::Shape::kInsert, statement);
+}
+
+void SqliteDatabase::RunUpdate(const host::SqlStatement& statement) {
+  RunShape(StatementTexts::Shape::kUpdate, statement);
+}
+
+void SqliteDatabase::RunDelete(const host::SqlStatement& statement) {
+  RunShape(StatementTexts::Shape::kDelete, statement);
+}
+
+host::RecordsetPtr SqliteDatabase::RunSelect(const host::SqlStatement& statement) {
+  return RunShape(StatementTexts::Shape::kSelect, statement);
+}
+
+host::RecordsetPtr SqliteDatabase::RunCount(const host::SqlStatement& statement) {
+  return RunShape(StatementTexts::Shape::kCount, statement);
+}
+
+const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* statement,
+                                                               bool cached) {
   int column_count = sqlite3_column_count(statement);
+  if (cached) {
+    auto found = result_columns_.find(statement);
+    // SQLite prepares a statement again after the schema changed, which may
+    // change its columns (SELECT * after a column was added).
+    if (found != result_columns_.end() &&
+        static_cast<int>(found->second.kinds.size()) == column_count) {
+      return found->second;
+    }
+  }
   std::vector<std::string> names;
-  std::vector<DeclaredKind> kinds;
+  ResultColumns columns;
   names.reserve(column_count);
-  kinds.reserve(column_count);
+  columns.kinds.reserve(column_count);
   for (int c = 0; c < column_count; ++c) {
     names.emplace_back(sqlite3_column_name(statement, c));
-    kinds.push_back(KindOf(sqlite3_column_decltype(statement, c)));
+    columns.kinds.push_back(static_cast<int>(KindOf(sqlite3_column_decltype(statement, c))));
   }
+  columns.names = std::make_shared<const host::RecordsetColumns>(std::move(names));
+  if (!cached) {
+    one_shot_columns_ = std::move(columns);
+    return one_shot_columns_;
+  }
+  return result_columns_[statement] = std::move(columns);
+}
+
+host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql,
+                                       bool cached) {
+  const ResultColumns& columns = ColumnsOf(statement, cached);
+  int column_count = static_cast<int>(columns.kinds.size());
   std::vector<host::Recordset::Row> rows;
   int rc;
   try {
     while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
       host::Recordset::Row row;
       row.reserve(column_count);
-      for (int c = 0; c < column_count; ++c) row.push_back(ReadValue(statement, c, kinds[c]));
+      for (int c = 0; c < column_count; ++c) {
+        row.push_back(ReadValue(statement, c, static_cast<DeclaredKind>(columns.kinds[c])));
+      }
       rows.push_back(std::move(row));
     }
   } catch (...) {
@@ -300,7 +442,7 @@ host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
   if (column_count == 0) return std::make_shared<host::Recordset>();
-  return std::make_shared<host::Recordset>(std::move(names), std::move(rows));
+  return std::make_shared<host::Recordset>(columns.names, std::move(rows));
 }
 
 void SqliteDatabase::Execute(std::string_view sqlite_sql) {

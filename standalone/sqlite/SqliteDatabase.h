@@ -53,6 +53,17 @@ class SqliteDatabase : public host::DatabaseService {
 
   host::RecordsetPtr OpenRecordset(std::string_view sql, int options = 0,
                                    bool read_only = false) override;
+  // Binds the values to the text's ? markers; the text is translated and
+  // prepared once and kept for every later run of it.
+  host::RecordsetPtr Query(std::string_view sql,
+                           const std::vector<host::SqlValue>& values) override;
+  // The statement's values are bound, never written into its text: its
+  // text depends on its table and column names alone and is prepared once.
+  void RunInsert(const host::SqlStatement& statement) override;
+  void RunUpdate(const host::SqlStatement& statement) override;
+  void RunDelete(const host::SqlStatement& statement) override;
+  host::RecordsetPtr RunSelect(const host::SqlStatement& statement) override;
+  host::RecordsetPtr RunCount(const host::SqlStatement& statement) override;
   const host::SqlFormat& SqlFormat() const override { return format_; }
   const host::StatementRunner& StatementRunner() const override { return texts_; }
   host::SchemaService& Schema() override;
@@ -88,7 +99,21 @@ class SqliteDatabase : public host::DatabaseService {
   [[noreturn]] void RaiseSqlError(int code, std::string_view sql) const;
   // The cached statement for a SQLite text, prepared at first use.
   sqlite3_stmt* Prepared(const std::string& sqlite_sql, bool& failed);
-  host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql);
+  // The columns of a statement's result: their names, and the kind each
+  // value takes from its declared type (a DeclaredKind).
+  struct ResultColumns {
+    std::shared_ptr<const host::RecordsetColumns> names;
+    std::vector<int> kinds;
+  };
+  // Read once for a cached statement (`cached`), afresh for another.
+  const ResultColumns& ColumnsOf(sqlite3_stmt* statement, bool cached);
+  // Steps the statement to its end; its rows as a client-side recordset.
+  host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql, bool cached);
+  // Runs a text with ? markers and the values they stand for; `translate`
+  // when the text is in the connector's dialect rather than SQLite's.
+  host::RecordsetPtr RunBound(std::string_view sql, const std::vector<const host::SqlValue*>& values,
+                              bool translate);
+  host::RecordsetPtr RunShape(StatementTexts::Shape shape, const host::SqlStatement& statement);
   void Execute(std::string_view sqlite_sql);
   void FinalizeAll();
   void SyncTransactionDepth();
@@ -99,6 +124,10 @@ class SqliteDatabase : public host::DatabaseService {
   StatementTexts texts_{format_};
   std::unique_ptr<SqliteSchema> schema_;
   std::unordered_map<std::string, sqlite3_stmt*> cache_;
+  // Statements with ? markers, by the caller's text.
+  std::unordered_map<std::string, sqlite3_stmt*> bound_cache_;
+  std::unordered_map<sqlite3_stmt*, ResultColumns> result_columns_;
+  ResultColumns one_shot_columns_;
   int transaction_depth_ = 0;
   Statistics stats_;
   std::function<void(std::string_view)> observer_;
