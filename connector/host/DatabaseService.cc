@@ -39,7 +39,8 @@ RecordsetPtr DatabaseService::Query(std::string_view sql, const std::vector<SqlV
       closing = ']';
     } else if (c == '?') {
       if (next == values.size()) {
-        RaiseWith(err::kInvalidProcedureCall, "More ? than values in: " + std::string(sql), "Query");
+        RaiseWith(err::kInvalidProcedureCall, "More ? than values in: " + std::string(sql),
+                  "Query");
       }
       text += SqlLiteral(SqlFormat(), values[next++]);
       continue;

@@ -152,8 +152,8 @@ const Variant& Recordset::Fields(std::string_view name) const {
   RequireOpen();
   int index = IndexOf(name);
   if (index < 0) {
-    RaiseWith(err::kItemNotFound, StandardDescription(err::kItemNotFound) + " (" +
-                                      std::string(name) + ")",
+    RaiseWith(err::kItemNotFound,
+              StandardDescription(err::kItemNotFound) + " (" + std::string(name) + ")",
               "Recordset");
   }
   return Fields(index);
@@ -161,7 +161,8 @@ const Variant& Recordset::Fields(std::string_view name) const {
 
 const Variant& Recordset::Fields(int index) const {
   RequireCurrent();
-  if (index < 0 || index >= static_cast<int>(columns_->size())) Raise(err::kItemNotFound, "Recordset");
+  if (index < 0 || index >= static_cast<int>(columns_->size()))
+    Raise(err::kItemNotFound, "Recordset");
   return rows_[visible_[position_]][index];
 }
 

@@ -22,8 +22,9 @@ namespace standalone {
 template <typename Entity>
 class EntityColumns {
  public:
-  using Member = std::variant<std::string Entity::*, double Entity::*, int16_t Entity::*,
-                              int32_t Entity::*, bool Entity::*, std::optional<host::Date> Entity::*>;
+  using Member =
+      std::variant<std::string Entity::*, double Entity::*, int16_t Entity::*, int32_t Entity::*,
+                   bool Entity::*, std::optional<host::Date> Entity::*>;
   struct Column {
     const char* name;
     Member member;
@@ -52,6 +53,24 @@ class EntityColumns {
           },
           column.member);
     }
+  }
+
+  // Whether two entities hold the same values in every listed member: what
+  // Write would write for one it would write for the other.
+  bool Same(const Entity& a, const Entity& b) const {
+    for (const Column& column : columns_) {
+      bool same = std::visit([&](auto member) { return a.*member == b.*member; }, column.member);
+      if (!same) return false;
+    }
+    return true;
+  }
+
+  bool SameRows(const std::vector<Entity>& a, const std::vector<Entity>& b) const {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+      if (!Same(a[i], b[i])) return false;
+    }
+    return true;
   }
 
   // The entity's members into the statement's columns.

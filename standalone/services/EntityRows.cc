@@ -32,9 +32,10 @@ size_t DeclaredLength(const std::string& type) {
 double IdFromKey(host::DatabaseService& db, std::string_view table, std::string_view id_column,
                  std::string_view key_column, std::string_view key) {
   if (key.empty()) return 0;
-  return FirstNumber(db, "SELECT TOP 1 " + std::string(id_column) + " FROM " + std::string(table) +
-                             " WHERE " + std::string(key_column) + "=? ORDER BY " +
-                             std::string(id_column),
+  return FirstNumber(db,
+                     "SELECT TOP 1 " + std::string(id_column) + " FROM " + std::string(table) +
+                         " WHERE " + std::string(key_column) + "=? ORDER BY " +
+                         std::string(id_column),
                      {host::SqlValue::Text(key)});
 }
 

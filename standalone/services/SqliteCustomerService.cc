@@ -72,9 +72,9 @@ std::shared_ptr<host::Customer> SqliteCustomerService::Get(double customer_id) {
   kCustomerColumns.Read(*rs, *customer);
   // The customer's own country stays when its address row has none.
   std::string country = customer->CountryID;
-  auto address = db_.Query(
-      "SELECT * FROM PartyAddress WHERE PartyID=? AND AddressID=?",
-      {host::SqlValue::Number(customer_id), host::SqlValue::Number(customer->AddressID)});
+  auto address =
+      db_.Query("SELECT * FROM PartyAddress WHERE PartyID=? AND AddressID=?",
+                {host::SqlValue::Number(customer_id), host::SqlValue::Number(customer->AddressID)});
   if (!address->Eof()) kAddressColumns.Read(*address, *customer);
   if (customer->CountryID.empty()) customer->CountryID = country;
   return customer;

@@ -149,6 +149,20 @@ void SqliteItemService::ReplaceRows(const char* table, std::string_view item_id,
   }
 }
 
+const host::Item* SqliteItemService::Unchanged(std::string_view item_id) const {
+  if (!loaded_ || loaded_->item.ItemID != item_id) return nullptr;
+  std::optional<int64_t> counter = db_.ChangeCounter();
+  return counter && *counter == loaded_->counter ? &loaded_->item : nullptr;
+}
+
+template <typename Row>
+void SqliteItemService::WriteRows(const char* table, std::string_view item_id,
+                                  const std::vector<Row>& rows, const std::vector<Row>* loaded,
+                                  const EntityColumns<Row>& columns) {
+  if (loaded != nullptr && columns.SameRows(rows, *loaded)) return;
+  ReplaceRows(table, item_id, rows, columns);
+}
+
 std::string SqliteItemService::GetKey(std::string_view item_id) {
   std::string id(item_id);
   auto it = keys_.find(id);
@@ -161,9 +175,15 @@ std::string SqliteItemService::GetKey(std::string_view item_id) {
 
 std::string SqliteItemService::GetItemIDFromKey(std::string_view item_key) {
   if (item_key.empty()) return "";
+  std::optional<int64_t> counter = db_.ChangeCounter();
+  if (counter && looked_up_ && looked_up_->counter == *counter && looked_up_->key == item_key) {
+    return looked_up_->id;
+  }
   auto rs = db_.Query("SELECT TOP 1 ItemID FROM Item WHERE ItemKey=? ORDER BY ItemID",
                       {host::SqlValue::Text(item_key)});
-  return rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
+  std::string id = rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
+  if (counter) looked_up_ = LookedUp{std::string(item_key), id, *counter};
+  return id;
 }
 
 bool SqliteItemService::Exists(std::string_view item_id) {
@@ -187,6 +207,18 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
 
   item->SellingPrices.rows = LoadRows("ItemSellingPrices", item->ItemID,
                                       "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);
+  item->Suppliers = LoadRows("ItemSupplier", item->ItemID, "SupplierID", kSupplierColumns);
+  item->Barcodes.rows = LoadRows("POSIdentity", item->ItemID, "rowid", kBarcodeColumns);
+  item->Components.rows =
+      LoadRows("ItemComponents", item->ItemID, "ComponentOrder", kComponentColumns);
+  item->Alternatives.rows =
+      LoadRows("AlternativeItem", item->ItemID, "AlternativeOrder", kAlternativeColumns);
+  item->PropertyTable = LoadRows("ItemPropertytable", item->ItemID, nullptr, kPropertyValueColumns);
+  if (std::optional<int64_t> counter = db_.ChangeCounter()) {
+    loaded_ = Loaded{*item, *counter};
+  } else {
+    loaded_.reset();
+  }
   // An item has a price on every line of the host, also on a line made after
   // it.
   if (!price_lines_read_) {
@@ -202,44 +234,53 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
     price.PriceLineID = line;
     item->SellingPrices.Add(std::move(price));
   }
-  item->Suppliers = LoadRows("ItemSupplier", item->ItemID, "SupplierID", kSupplierColumns);
-  item->Barcodes.rows = LoadRows("POSIdentity", item->ItemID, "rowid", kBarcodeColumns);
-  item->Components.rows =
-      LoadRows("ItemComponents", item->ItemID, "ComponentOrder", kComponentColumns);
-  item->Alternatives.rows =
-      LoadRows("AlternativeItem", item->ItemID, "AlternativeOrder", kAlternativeColumns);
-  item->PropertyTable = LoadRows("ItemPropertytable", item->ItemID, nullptr, kPropertyValueColumns);
   return item;
 }
 
 void SqliteItemService::Save(const Item& item) {
-  bool exists = Exists(item.ItemID);
+  const Item* loaded = Unchanged(item.ItemID);
+  bool exists = loaded != nullptr || Exists(item.ItemID);
   writer_.Atomically([&] {
-    host::SqlStatement row;
-    row.SetTable("Item");
-    kItemColumns.Write(item, row);
-    row.Number("FamilyID", item.Family.FamilyID);
-    if (exists) {
-      row.KeyText("ItemID", item.ItemID);
-      writer_.Update(row);
-    } else {
-      row.Text("ItemID", item.ItemID);
-      writer_.Insert(row);
+    bool row_unchanged = loaded != nullptr && kItemColumns.Same(item, *loaded) &&
+                         item.Family.FamilyID == loaded->Family.FamilyID;
+    if (!row_unchanged) {
+      host::SqlStatement row;
+      row.SetTable("Item");
+      kItemColumns.Write(item, row);
+      row.Number("FamilyID", item.Family.FamilyID);
+      if (exists) {
+        row.KeyText("ItemID", item.ItemID);
+        writer_.Update(row);
+      } else {
+        row.Text("ItemID", item.ItemID);
+        writer_.Insert(row);
+      }
     }
-    ReplaceRows("ItemSellingPrices", item.ItemID, item.SellingPrices.rows, kPriceColumns);
-    ReplaceRows("ItemSupplier", item.ItemID, item.Suppliers, kSupplierColumns);
-    ReplaceRows("POSIdentity", item.ItemID, item.Barcodes.rows, kBarcodeColumns);
-    ReplaceRows("ItemComponents", item.ItemID, item.Components.rows, kComponentColumns);
-    ReplaceRows("AlternativeItem", item.ItemID, item.Alternatives.rows, kAlternativeColumns);
-    ReplaceRows("ItemPropertytable", item.ItemID, item.PropertyTable, kPropertyValueColumns);
+    WriteRows("ItemSellingPrices", item.ItemID, item.SellingPrices.rows,
+              loaded ? &loaded->SellingPrices.rows : nullptr, kPriceColumns);
+    WriteRows("ItemSupplier", item.ItemID, item.Suppliers, loaded ? &loaded->Suppliers : nullptr,
+              kSupplierColumns);
+    WriteRows("POSIdentity", item.ItemID, item.Barcodes.rows,
+              loaded ? &loaded->Barcodes.rows : nullptr, kBarcodeColumns);
+    WriteRows("ItemComponents", item.ItemID, item.Components.rows,
+              loaded ? &loaded->Components.rows : nullptr, kComponentColumns);
+    WriteRows("AlternativeItem", item.ItemID, item.Alternatives.rows,
+              loaded ? &loaded->Alternatives.rows : nullptr, kAlternativeColumns);
+    WriteRows("ItemPropertytable", item.ItemID, item.PropertyTable,
+              loaded ? &loaded->PropertyTable : nullptr, kPropertyValueColumns);
   });
+  loaded_.reset();
   keys_[item.ItemID] = item.ItemKey;
 }
 
 void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
                                           std::string_view item_id) {
-  writer_.Atomically(
-      [&] { ReplaceRows("ItemSellingPrices", item_id, prices.rows, kPriceColumns); });
+  const Item* loaded = Unchanged(item_id);
+  writer_.Atomically([&] {
+    WriteRows("ItemSellingPrices", item_id, prices.rows,
+              loaded ? &loaded->SellingPrices.rows : nullptr, kPriceColumns);
+  });
+  loaded_.reset();
 }
 
 }  // namespace standalone

@@ -1,6 +1,7 @@
 #ifndef LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
 #define LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -17,6 +18,12 @@ namespace standalone {
 // AlternativeItem, ItemPropertytable). A save writes the item's row and
 // replaces each collection, all or nothing. Keeps the keys it has read and
 // the host's price lines for its own life (the run that made it).
+//
+// While the database's change counter stays where it was (inside one
+// transaction, nothing written since), the service trusts what it last
+// read: the id of the last key it looked up, and the rows of the last item
+// it loaded. A save of that item writes only the row and the collections
+// that differ from them; what is unchanged is already in the database.
 class SqliteItemService : public host::ItemService {
  public:
   explicit SqliteItemService(host::DatabaseService& db) : db_(db), writer_(db) {}
@@ -40,8 +47,28 @@ class SqliteItemService : public host::ItemService {
   void ReplaceRows(const char* table, std::string_view item_id, const std::vector<Row>& rows,
                    const EntityColumns<Row>& columns);
 
+  // The item's rows as the database holds them (without the price rows
+  // that Get adds for price lines the item has no row for).
+  struct Loaded {
+    host::Item item;
+    int64_t counter;
+  };
+  struct LookedUp {
+    std::string key;
+    std::string id;
+    int64_t counter;
+  };
+  // The last item loaded, when it is `item_id` and nothing changed since.
+  const host::Item* Unchanged(std::string_view item_id) const;
+  // Writes the collection unless `loaded` (when given) holds the same rows.
+  template <typename Row>
+  void WriteRows(const char* table, std::string_view item_id, const std::vector<Row>& rows,
+                 const std::vector<Row>* loaded, const EntityColumns<Row>& columns);
+
   host::DatabaseService& db_;
   EntityWriter writer_;
+  std::optional<Loaded> loaded_;
+  std::optional<LookedUp> looked_up_;
   std::unordered_map<std::string, std::string> keys_;
   std::vector<double> price_lines_;
   bool price_lines_read_ = false;

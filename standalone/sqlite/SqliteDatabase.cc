@@ -5,6 +5,7 @@
 
 #include <cctype>
 #include <climits>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -37,8 +38,7 @@ DeclaredKind KindOf(const char* declared) {
   if (has("SMALLINT") || has("TINYINT")) return DeclaredKind::kInteger16;
   if (has("BIGINT")) return DeclaredKind::kDouble;
   if (has("INT")) return DeclaredKind::kInteger32;
-  if (has("FLOAT") || has("REAL") || has("DOUB") || has("MONEY") || has("NUMERIC") ||
-      has("DEC"))
+  if (has("FLOAT") || has("REAL") || has("DOUB") || has("MONEY") || has("NUMERIC") || has("DEC"))
     return DeclaredKind::kDouble;
   if (has("CHAR") || has("TEXT") || has("CLOB")) return DeclaredKind::kText;
   if (has("BLOB") || has("IMAGE")) return DeclaredKind::kBytes;
@@ -52,7 +52,8 @@ std::string ColumnText(sqlite3_stmt* statement, int column) {
 }
 
 host::Variant IntegerValue(sqlite3_int64 value, bool small) {
-  if (small && value >= SHRT_MIN && value <= SHRT_MAX) return host::Variant(static_cast<int16_t>(value));
+  if (small && value >= SHRT_MIN && value <= SHRT_MAX)
+    return host::Variant(static_cast<int16_t>(value));
   if (value >= INT_MIN && value <= INT_MAX) return host::Variant(static_cast<int32_t>(value));
   return host::Variant(static_cast<double>(value));
 }
@@ -143,9 +144,40 @@ void BindValue(sqlite3_stmt* statement, int index, const ParameterizedSql::Value
   }
 }
 
-// Binds a value as the literal that SqliteSqlFormat writes would be stored:
-// a number goes through its 15-digit text, so that a bound number and a
-// written one are the same value.
+// Binds a number as its literal (SqliteSqlFormat::Number, 15 significant
+// digits) would be stored. Most numbers are integers or have few decimals:
+// when value = n / 10^k exactly, with n of at most 15 digits, that text is
+// the decimal n / 10^k, which reads back as this very double, and the text
+// need not be made. Integers bind as integers, as their literals do.
+void BindNumber(sqlite3_stmt* statement, int index, double value) {
+  if (value == 0) {
+    sqlite3_bind_int64(statement, index, 0);  // -0 too: its literal is 0
+    return;
+  }
+  if (std::fabs(value) < 1e9) {
+    double scale = 1;
+    for (int decimals = 0; decimals <= 6; ++decimals, scale *= 10) {
+      double scaled = std::nearbyint(value * scale);
+      if (scaled / scale != value) continue;
+      if (decimals == 0) {
+        sqlite3_bind_int64(statement, index, static_cast<sqlite3_int64>(scaled));
+      } else {
+        sqlite3_bind_double(statement, index, value);
+      }
+      return;
+    }
+  }
+  char text[40];
+  std::snprintf(text, sizeof text, "%.15g", value);
+  if (std::strpbrk(text, ".eEin") == nullptr) {
+    sqlite3_bind_int64(statement, index, std::strtoll(text, nullptr, 10));
+  } else {
+    sqlite3_bind_double(statement, index, std::strtod(text, nullptr));
+  }
+}
+
+// Binds a value as the literal that SqliteSqlFormat writes would be stored,
+// so that a bound value and a written one are the same value.
 void BindSqlValue(sqlite3_stmt* statement, int index, const host::SqlValue& value) {
   using Kind = host::SqlValue::Kind;
   switch (value.kind) {
@@ -157,21 +189,14 @@ void BindSqlValue(sqlite3_stmt* statement, int index, const host::SqlValue& valu
     case Kind::kBoolean:
       sqlite3_bind_int64(statement, index, value.number != 0 ? 1 : 0);
       return;
-    case Kind::kNumber: {
-      char text[40];
-      std::snprintf(text, sizeof text, "%.15g", value.number == 0 ? 0.0 : value.number);
-      if (std::strpbrk(text, ".eEin") == nullptr) {
-        sqlite3_bind_int64(statement, index, std::strtoll(text, nullptr, 10));
-      } else {
-        sqlite3_bind_double(statement, index, std::strtod(text, nullptr));
-      }
+    case Kind::kNumber:
+      BindNumber(statement, index, value.number);
       return;
-    }
     case Kind::kDate:
     case Kind::kDateTime:
     case Kind::kTime: {
-      std::string text = StoredDateText(value.kind == Kind::kTime ? host::TimePart(value.date)
-                                                                 : value.date);
+      std::string text =
+          StoredDateText(value.kind == Kind::kTime ? host::TimePart(value.date) : value.date);
       sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()),
                         SQLITE_TRANSIENT);
       return;
@@ -206,15 +231,14 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
   // Reading the schema tells a database from any other file.
   rc = sqlite3_exec(db, "PRAGMA schema_version", nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) {
-    std::string message = rc == SQLITE_NOTADB ? "the file is not a SQLite database"
-                                              : std::string(sqlite3_errmsg(db));
+    std::string message =
+        rc == SQLITE_NOTADB ? "the file is not a SQLite database" : std::string(sqlite3_errmsg(db));
     sqlite3_close(db);
     host::RaiseWith(kCannotConnect, "Cannot open the POS database '" + path + "': " + message,
                     kSource);
   }
   sqlite3_busy_timeout(db, 5000);
-  sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr,
-                          nullptr);
+  sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr, nullptr);
   sqlite3_create_function(db, "lumaro_left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                           LeftFunction, nullptr, nullptr);
   return std::unique_ptr<SqliteDatabase>(new SqliteDatabase(db, path));
@@ -264,8 +288,8 @@ sqlite3_stmt* SqliteDatabase::Prepared(const std::string& sqlite_sql, bool& fail
   ++stats_.prepared;
   // Several statements in one text are not cached: the caller runs them one
   // by one.
-  bool single = tail == nullptr || std::string_view(tail).find_first_not_of(" \t\r\n;") ==
-                                       std::string_view::npos;
+  bool single = tail == nullptr ||
+                std::string_view(tail).find_first_not_of(" \t\r\n;") == std::string_view::npos;
   if (!single) {
     sqlite3_finalize(statement);
     failed = true;
@@ -343,10 +367,9 @@ host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
   }
   sqlite3_stmt* statement = found->second;
   if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size())) {
-    host::RaiseWith(host::err::kInvalidProcedureCall,
-                    std::to_string(values.size()) + " values for the ? markers of: " +
-                        Shortened(sql),
-                    kSource);
+    host::RaiseWith(
+        host::err::kInvalidProcedureCall,
+        std::to_string(values.size()) + " values for the ? markers of: " + Shortened(sql), kSource);
   }
   for (size_t i = 0; i < values.size(); ++i) {
     BindSqlValue(statement, static_cast<int>(i + 1), *values[i]);
@@ -413,8 +436,7 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* sta
   return result_columns_[statement] = std::move(columns);
 }
 
-host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql,
-                                       bool cached) {
+host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql, bool cached) {
   const ResultColumns& columns = ColumnsOf(statement, cached);
   int column_count = static_cast<int>(columns.kinds.size());
   std::vector<host::Recordset::Row> rows;
@@ -473,6 +495,12 @@ void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {
   Execute(sqlite_sql);
 }
 
+std::optional<int64_t> SqliteDatabase::ChangeCounter() const {
+  // Outside a transaction another connection may write at any moment.
+  if (db_ == nullptr || transaction_depth_ == 0) return std::nullopt;
+  return sqlite3_total_changes64(db_) + transaction_events_;
+}
+
 void SqliteDatabase::BeginTrans() {
   RequireOpen();
   if (observer_) observer_("BEGIN");
@@ -481,6 +509,7 @@ void SqliteDatabase::BeginTrans() {
     // says), so that a transaction never fails half-way because another
     // connection wrote first.
     Execute("BEGIN IMMEDIATE");
+    ++transaction_events_;
   } else {
     Execute("SAVEPOINT lumaro_" + std::to_string(transaction_depth_));
   }
@@ -511,6 +540,7 @@ void SqliteDatabase::RollbackTrans() {
   if (transaction_depth_ == 0) {
     host::RaiseWith(kNoTransaction, "No transaction is active.", kSource);
   }
+  ++transaction_events_;
   try {
     if (transaction_depth_ == 1) {
       Execute("ROLLBACK");

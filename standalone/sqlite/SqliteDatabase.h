@@ -72,6 +72,7 @@ class SqliteDatabase : public host::DatabaseService {
   void RollbackTrans() override;
   void Disconnect() override;
   int DatabaseKind() const override { return 0; }
+  std::optional<int64_t> ChangeCounter() const override;
 
   // Sets the journal of a database that the till uses at the same time (WAL,
   // synchronous=NORMAL). Changes the file: call it only on a database
@@ -111,8 +112,8 @@ class SqliteDatabase : public host::DatabaseService {
   host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql, bool cached);
   // Runs a text with ? markers and the values they stand for; `translate`
   // when the text is in the connector's dialect rather than SQLite's.
-  host::RecordsetPtr RunBound(std::string_view sql, const std::vector<const host::SqlValue*>& values,
-                              bool translate);
+  host::RecordsetPtr RunBound(std::string_view sql,
+                              const std::vector<const host::SqlValue*>& values, bool translate);
   host::RecordsetPtr RunShape(StatementTexts::Shape shape, const host::SqlStatement& statement);
   void Execute(std::string_view sqlite_sql);
   void FinalizeAll();
@@ -129,6 +130,9 @@ class SqliteDatabase : public host::DatabaseService {
   std::unordered_map<sqlite3_stmt*, ResultColumns> result_columns_;
   ResultColumns one_shot_columns_;
   int transaction_depth_ = 0;
+  // Transactions begun and rollbacks: with SQLite's count of changed rows,
+  // what ChangeCounter gives.
+  int64_t transaction_events_ = 0;
   Statistics stats_;
   std::function<void(std::string_view)> observer_;
 };

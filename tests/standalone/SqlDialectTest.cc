@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "connector/host/Date.h"
+#include "connector/host/SqlStatement.h"
 #include "standalone/sqlite/SqlDialect.h"
 #include "tests/standalone/ScratchDatabase.h"
 
@@ -171,6 +172,61 @@ TEST_F(SqlDialect, StatementsThatDifferInTheirValuesArePreparedOnce) {
   EXPECT_EQ(db_->Stats().executed, before.executed + 10);
   EXPECT_EQ(Rows("SELECT Name FROM Family WHERE FamilyID > 100 ORDER BY FamilyID DESC LIMIT 1"),
             "F5");
+}
+
+TEST_F(SqlDialect, BoundValuesAreStoredAsTheirWrittenLiteralsWouldBe) {
+  // The same values, written into the text by the statement runner and
+  // bound by RunInsert and Query: every column of every table's affinity
+  // must hold the same type and value either way.
+  db_->ExecuteScript(
+      "CREATE TABLE Written (N FLOAT, I INTEGER, T VARCHAR(20), D DATETIME, B BIT, X);"
+      "CREATE TABLE Bound (N FLOAT, I INTEGER, T VARCHAR(20), D DATETIME, B BIT, X);");
+  const double numbers[] = {0,
+                            -0.0,
+                            1,
+                            -7,
+                            12.34,
+                            0.1 + 0.2,
+                            1.0 / 3,
+                            1e20,
+                            123456789.125,
+                            9007199254740993.0,
+                            1e-7,
+                            2.675,
+                            -1234.5678,
+                            999999999.5,
+                            1e15,
+                            0.000001,
+                            1e300};
+  const host::Date when = host::MakeDate(2026, 2, 28, 13, 5, 9);
+  int row = 0;
+  for (double n : numbers) {
+    host::SqlStatement insert;
+    insert.Number("N", n);
+    insert.Number("I", n);
+    insert.Text("T", row % 2 ? "O'Neil ?" : "");
+    if (row % 3 == 0) {
+      insert.DateTime("D", host::Date{when.serial + row});
+    } else if (row % 3 == 1) {
+      insert.Time("D", when);
+    } else {
+      insert.Null("D");
+    }
+    insert.Boolean("B", row % 2 == 0);
+    insert.Number("X", n);
+    insert.SetTable("Written");
+    db_->OpenRecordset(db_->StatementRunner().InsertText(insert));
+    insert.SetTable("Bound");
+    db_->RunInsert(insert);
+    db_->Query("UPDATE Bound SET X = ? WHERE rowid = ? AND T <> '?'",
+               {host::SqlValue::Number(n), host::SqlValue::Number(++row)});
+  }
+  const std::string kColumns =
+      " typeof(N) || quote(N) || typeof(I) || quote(I) || quote(T) || quote(D) || quote(B) || "
+      "typeof(X) || quote(X) FROM ";
+  EXPECT_EQ(Rows("SELECT" + kColumns + "Bound ORDER BY rowid"),
+            Rows("SELECT" + kColumns + "Written ORDER BY rowid"));
+  EXPECT_EQ(Rows("SELECT COUNT(*) FROM Bound"), std::to_string(row));
 }
 
 TEST_F(SqlDialect, GetDateFollowsTheHostClock) {

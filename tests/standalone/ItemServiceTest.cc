@@ -1,0 +1,99 @@
+// The item service keeps what it last read while the database says nothing
+// changed since, and a save writes only what differs from it. These tests
+// change the rows behind its back in every way that must end that trust.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "connector/host/ItemEntity.h"
+#include "standalone/services/SqliteItemService.h"
+#include "tests/support/TestHost.h"
+
+namespace standalone {
+namespace {
+
+class ItemServiceTrust : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    host_.Exec(
+        "DELETE FROM PriceLine;"
+        "INSERT INTO PriceLine (PriceLineID, PriceLineKey, ShortName, Description) VALUES"
+        " (1, '1', 'P1', 'Preço 1'), (2, '2', 'P2', 'Preço 2');");
+    host::Item item;
+    item.ItemID = "A1";
+    item.ItemKey = "K1";
+    item.Description = "Artigo";
+    host::ItemSellingPrice price;
+    price.PriceLineID = 1;
+    price.PriceWithTax = 10;
+    item.SellingPrices.Add(price);
+    items_.Save(item);
+    items_.Save(*items_.Get("A1"));  // with a row for price line 2 too
+  }
+
+  std::string Prices() {
+    return host_.Rows(
+        "SELECT PriceLineID || '=' || PriceWithTax FROM ItemSellingPrices WHERE ItemID = 'A1' "
+        "ORDER BY PriceLineID");
+  }
+
+  testsupport::TestHost host_;
+  SqliteItemService items_{host_.Db()};
+};
+
+TEST_F(ItemServiceTrust, AnUnchangedItemStillGetsThePriceRowsItWasMissing) {
+  host_.Exec(
+      "INSERT INTO PriceLine (PriceLineID, PriceLineKey, ShortName, Description) VALUES"
+      " (3, '3', 'P3', 'Preço 3')");
+  SqliteItemService items(host_.Db());  // the price lines are read once a service
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items.Get("A1");
+  items.Save(*item);
+  host_.Db().CommitTrans();
+  EXPECT_EQ(Prices(), "1=10,2=0,3=0");
+}
+
+TEST_F(ItemServiceTrust, ARowWrittenBetweenGetAndSaveIsOverwrittenByTheSave) {
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  host_.Exec("UPDATE ItemSellingPrices SET PriceWithTax = 99 WHERE ItemID = 'A1'");
+  host_.Exec("UPDATE Item SET Description = 'Outro' WHERE ItemID = 'A1'");
+  items_.Save(*item);
+  host_.Db().CommitTrans();
+  EXPECT_EQ(Prices(), "1=10,2=0");
+  EXPECT_EQ(host_.Scalar("SELECT Description FROM Item WHERE ItemID = 'A1'"), "Artigo");
+}
+
+TEST_F(ItemServiceTrust, ARollbackEndsTheTrustInWhatWasReadBeforeIt) {
+  host_.Db().BeginTrans();
+  host_.Db().BeginTrans();
+  host_.Exec("UPDATE ItemSellingPrices SET PriceWithTax = 55 WHERE PriceLineID = 1");
+  std::shared_ptr<host::Item> item = items_.Get("A1");  // reads 55
+  host_.Db().RollbackTrans();                           // the row holds 10 again
+  items_.SaveSellingPrices(item->SellingPrices, "A1");  // must write 55
+  host_.Db().CommitTrans();
+  EXPECT_EQ(Prices(), "1=55,2=0");
+}
+
+TEST_F(ItemServiceTrust, OutsideATransactionNothingIsTrusted) {
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  host_.Exec("DELETE FROM ItemSellingPrices WHERE ItemID = 'A1'");
+  items_.Save(*item);
+  EXPECT_EQ(Prices(), "1=10,2=0");
+}
+
+TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainOnceAnItemChanged) {
+  host_.Db().BeginTrans();
+  EXPECT_EQ(items_.GetItemIDFromKey("K1"), "A1");
+  EXPECT_EQ(items_.GetItemIDFromKey("K2"), "");
+  host_.Exec("UPDATE Item SET ItemKey = 'K2' WHERE ItemID = 'A1'");
+  EXPECT_EQ(items_.GetItemIDFromKey("K2"), "A1");
+  EXPECT_EQ(items_.GetItemIDFromKey("K1"), "");
+  host_.Db().RollbackTrans();
+  EXPECT_EQ(items_.GetItemIDFromKey("K1"), "A1");
+}
+
+}  // namespace
+}  // namespace standalone
