@@ -117,6 +117,13 @@ bool AnsiLineReader::AtEndOfStream() {
 }
 
 bool AnsiLineReader::ReadLine(std::string& utf8_line) {
+  std::string_view line;
+  if (!ReadRawLine(line)) return false;
+  utf8_line = FromAnsi(line);
+  return true;
+}
+
+bool AnsiLineReader::ReadRawLine(std::string_view& ansi_line) {
   // getline counts what it read, so a NUL byte is a character like another.
   ssize_t got = ::getline(&buffer_, &capacity_, file_);
   if (got < 0) {
@@ -128,7 +135,7 @@ bool AnsiLineReader::ReadLine(std::string& utf8_line) {
     --length;
     if (length > 0 && buffer_[length - 1] == '\r') --length;
   }
-  utf8_line = FromAnsi(std::string_view(buffer_, length));
+  ansi_line = std::string_view(buffer_, length);
   return true;
 }
 

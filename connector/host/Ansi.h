@@ -55,6 +55,10 @@ class AnsiLineReader {
   // The next line into `utf8_line`; false at the end of the stream. Raises
   // 57 when the file cannot be read on.
   bool ReadLine(std::string& utf8_line);
+  // The next line's bytes as they stand in the file (Windows-1252), without
+  // its line end; valid until the next read. What ReadLine converts: a
+  // reader that needs only some lines converts only those.
+  bool ReadRawLine(std::string_view& ansi_line);
 
  private:
   std::string path_;

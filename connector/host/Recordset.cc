@@ -18,13 +18,13 @@ bool IsAscii(std::string_view text) {
   return true;
 }
 
+char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
 // Plain ASCII names, compared without regard to case.
 bool SameAsciiName(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   for (size_t i = 0; i < a.size(); ++i) {
-    if (a[i] != b[i] && std::toupper(static_cast<unsigned char>(a[i])) !=
-                            std::toupper(static_cast<unsigned char>(b[i])))
-      return false;
+    if (a[i] != b[i] && AsciiUpper(a[i]) != AsciiUpper(b[i])) return false;
   }
   return true;
 }
@@ -34,8 +34,7 @@ bool SameAsciiName(std::string_view a, std::string_view b) {
 size_t RecordsetColumns::NoCaseHash::operator()(std::string_view name) const {
   size_t hash = 14695981039346656037ull;
   for (char c : name) {
-    hash = (hash ^ static_cast<unsigned char>(std::toupper(static_cast<unsigned char>(c)))) *
-           1099511628211ull;
+    hash = (hash ^ static_cast<unsigned char>(AsciiUpper(c))) * 1099511628211ull;
   }
   return hash;
 }

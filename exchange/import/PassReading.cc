@@ -10,7 +10,9 @@ namespace {
 constexpr int32_t kProgressOfTotal = 4140039;
 
 // Whether the line's first field is the tag, without splitting it.
-bool HasTag(const std::string& line, const std::string& tag) {
+// Tags are ASCII, which Windows-1252 and UTF-8 write alike: the test holds
+// for a line's bytes before they are converted.
+bool HasTag(std::string_view line, const std::string& tag) {
   return line.compare(0, tag.size(), tag) == 0 &&
          (line.size() == tag.size() || line[tag.size()] == '^');
 }
@@ -24,12 +26,25 @@ PassReading::PassReading(ImportRun& run, const std::string& path, std::string_vi
 }
 
 bool PassReading::Next() {
-  while (reader_.ReadLine(line_)) {
+  // Only the pass's own lines are converted; the last line of another tag
+  // is kept as it stands, since at the end it is the line in hand.
+  std::string_view raw;
+  while (reader_.ReadRawLine(raw)) {
     ++line_number_;
-    if (!HasTag(line_, tag_)) continue;
+    if (!HasTag(raw, tag_)) {
+      last_other_line_.assign(raw);
+      last_line_is_other_ = true;
+      continue;
+    }
+    last_line_is_other_ = false;
+    line_ = host::FromAnsi(raw);
     record_ = SplitRecord(line_);
     record_line_number_ = line_number_;
     return true;
+  }
+  if (last_line_is_other_) {
+    line_ = host::FromAnsi(last_other_line_);
+    last_line_is_other_ = false;
   }
   return false;
 }

@@ -43,6 +43,8 @@ class PassReading {
   int32_t total_;
   int32_t count_ = 0;
   std::string line_;
+  std::string last_other_line_;  // as it stands in the file
+  bool last_line_is_other_ = false;
   int64_t line_number_ = 0;
   int64_t record_line_number_ = 0;
   Record record_;

@@ -112,7 +112,28 @@ const EntityColumns<ItemPropertyValue> kPropertyValueColumns = {
     {"PropertyValue3", &ItemPropertyValue::PropertyValue3},
 };
 
+// The tables of an item's collections, in the order of Collection.
+constexpr const char* kCollectionTables[] = {"ItemSellingPrices", "ItemSupplier",
+                                             "POSIdentity",       "ItemComponents",
+                                             "AlternativeItem",   "ItemPropertytable"};
+
 }  // namespace
+
+SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_view item_id) {
+  static const std::string kSql = [] {
+    std::string sql = "SELECT ";
+    for (const char* table : kCollectionTables) {
+      if (sql.size() > 7) sql += ", ";
+      sql += "EXISTS(SELECT 1 FROM " + std::string(table) + " WHERE ItemID=?)";
+    }
+    return sql;
+  }();
+  auto rs =
+      db_.Query(kSql, std::vector<host::SqlValue>(kCollectionCount, host::SqlValue::Text(item_id)));
+  Filled filled;
+  for (int i = 0; i < kCollectionCount; ++i) filled[i] = FieldConverter::ToBoolean(rs->Fields(i));
+  return filled;
+}
 
 host::RecordsetPtr SqliteItemService::RowsOf(const char* table, std::string_view item_id,
                                              const char* order_by) {
@@ -122,24 +143,30 @@ host::RecordsetPtr SqliteItemService::RowsOf(const char* table, std::string_view
 }
 
 template <typename Row>
-std::vector<Row> SqliteItemService::LoadRows(const char* table, std::string_view item_id,
-                                             const char* order_by,
+std::vector<Row> SqliteItemService::LoadRows(Collection collection, const Filled& filled,
+                                             std::string_view item_id, const char* order_by,
                                              const EntityColumns<Row>& columns) {
   std::vector<Row> rows;
-  for (auto rs = RowsOf(table, item_id, order_by); !rs->Eof(); rs->MoveNext()) {
+  if (!filled[collection]) return rows;
+  for (auto rs = RowsOf(kCollectionTables[collection], item_id, order_by); !rs->Eof();
+       rs->MoveNext()) {
     columns.Read(*rs, rows.emplace_back());
   }
   return rows;
 }
 
 template <typename Row>
-void SqliteItemService::ReplaceRows(const char* table, std::string_view item_id,
-                                    const std::vector<Row>& rows,
-                                    const EntityColumns<Row>& columns) {
-  host::SqlStatement existing;
-  existing.SetTable(table);
-  existing.KeyText("ItemID", item_id);
-  writer_.Delete(existing);
+void SqliteItemService::WriteRows(Collection collection, std::string_view item_id,
+                                  const std::vector<Row>& rows, const std::vector<Row>* loaded,
+                                  bool has_rows, const EntityColumns<Row>& columns) {
+  if (loaded != nullptr && columns.SameRows(rows, *loaded)) return;
+  const char* table = kCollectionTables[collection];
+  if (loaded != nullptr ? !loaded->empty() : has_rows) {
+    host::SqlStatement existing;
+    existing.SetTable(table);
+    existing.KeyText("ItemID", item_id);
+    writer_.Delete(existing);
+  }
   for (const Row& row : rows) {
     host::SqlStatement insert;
     insert.SetTable(table);
@@ -153,14 +180,6 @@ const host::Item* SqliteItemService::Unchanged(std::string_view item_id) const {
   if (!loaded_ || loaded_->item.ItemID != item_id) return nullptr;
   std::optional<int64_t> counter = db_.ChangeCounter();
   return counter && *counter == loaded_->counter ? &loaded_->item : nullptr;
-}
-
-template <typename Row>
-void SqliteItemService::WriteRows(const char* table, std::string_view item_id,
-                                  const std::vector<Row>& rows, const std::vector<Row>* loaded,
-                                  const EntityColumns<Row>& columns) {
-  if (loaded != nullptr && columns.SameRows(rows, *loaded)) return;
-  ReplaceRows(table, item_id, rows, columns);
 }
 
 std::string SqliteItemService::GetKey(std::string_view item_id) {
@@ -205,15 +224,17 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
   kItemColumns.Read(*rs, *item);
   item->Family.FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
 
-  item->SellingPrices.rows = LoadRows("ItemSellingPrices", item->ItemID,
-                                      "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);
-  item->Suppliers = LoadRows("ItemSupplier", item->ItemID, "SupplierID", kSupplierColumns);
-  item->Barcodes.rows = LoadRows("POSIdentity", item->ItemID, "rowid", kBarcodeColumns);
+  const Filled filled = CollectionsWithRows(item->ItemID);
+  item->SellingPrices.rows =
+      LoadRows(kPrices, filled, item->ItemID, "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);
+  item->Suppliers = LoadRows(kSuppliers, filled, item->ItemID, "SupplierID", kSupplierColumns);
+  item->Barcodes.rows = LoadRows(kBarcodes, filled, item->ItemID, "rowid", kBarcodeColumns);
   item->Components.rows =
-      LoadRows("ItemComponents", item->ItemID, "ComponentOrder", kComponentColumns);
+      LoadRows(kComponents, filled, item->ItemID, "ComponentOrder", kComponentColumns);
   item->Alternatives.rows =
-      LoadRows("AlternativeItem", item->ItemID, "AlternativeOrder", kAlternativeColumns);
-  item->PropertyTable = LoadRows("ItemPropertytable", item->ItemID, nullptr, kPropertyValueColumns);
+      LoadRows(kAlternatives, filled, item->ItemID, "AlternativeOrder", kAlternativeColumns);
+  item->PropertyTable =
+      LoadRows(kPropertyTable, filled, item->ItemID, nullptr, kPropertyValueColumns);
   if (std::optional<int64_t> counter = db_.ChangeCounter()) {
     loaded_ = Loaded{*item, *counter};
   } else {
@@ -256,18 +277,24 @@ void SqliteItemService::Save(const Item& item) {
         writer_.Insert(row);
       }
     }
-    WriteRows("ItemSellingPrices", item.ItemID, item.SellingPrices.rows,
-              loaded ? &loaded->SellingPrices.rows : nullptr, kPriceColumns);
-    WriteRows("ItemSupplier", item.ItemID, item.Suppliers, loaded ? &loaded->Suppliers : nullptr,
-              kSupplierColumns);
-    WriteRows("POSIdentity", item.ItemID, item.Barcodes.rows,
-              loaded ? &loaded->Barcodes.rows : nullptr, kBarcodeColumns);
-    WriteRows("ItemComponents", item.ItemID, item.Components.rows,
-              loaded ? &loaded->Components.rows : nullptr, kComponentColumns);
-    WriteRows("AlternativeItem", item.ItemID, item.Alternatives.rows,
-              loaded ? &loaded->Alternatives.rows : nullptr, kAlternativeColumns);
-    WriteRows("ItemPropertytable", item.ItemID, item.PropertyTable,
-              loaded ? &loaded->PropertyTable : nullptr, kPropertyValueColumns);
+    // Without the rows as read, whether each collection has rows at all: one
+    // that has none needs no delete.
+    const Filled filled = loaded ? Filled{} : CollectionsWithRows(item.ItemID);
+    auto write = [&](Collection collection, const auto& rows, const auto* loaded_rows,
+                     const auto& columns) {
+      WriteRows(collection, item.ItemID, rows, loaded_rows, filled[collection], columns);
+    };
+    write(kPrices, item.SellingPrices.rows, loaded ? &loaded->SellingPrices.rows : nullptr,
+          kPriceColumns);
+    write(kSuppliers, item.Suppliers, loaded ? &loaded->Suppliers : nullptr, kSupplierColumns);
+    write(kBarcodes, item.Barcodes.rows, loaded ? &loaded->Barcodes.rows : nullptr,
+          kBarcodeColumns);
+    write(kComponents, item.Components.rows, loaded ? &loaded->Components.rows : nullptr,
+          kComponentColumns);
+    write(kAlternatives, item.Alternatives.rows, loaded ? &loaded->Alternatives.rows : nullptr,
+          kAlternativeColumns);
+    write(kPropertyTable, item.PropertyTable, loaded ? &loaded->PropertyTable : nullptr,
+          kPropertyValueColumns);
   });
   loaded_.reset();
   keys_[item.ItemID] = item.ItemKey;
@@ -277,8 +304,8 @@ void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
                                           std::string_view item_id) {
   const Item* loaded = Unchanged(item_id);
   writer_.Atomically([&] {
-    WriteRows("ItemSellingPrices", item_id, prices.rows,
-              loaded ? &loaded->SellingPrices.rows : nullptr, kPriceColumns);
+    WriteRows(kPrices, item_id, prices.rows, loaded ? &loaded->SellingPrices.rows : nullptr, true,
+              kPriceColumns);
   });
   loaded_.reset();
 }

@@ -1,6 +1,7 @@
 #ifndef LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
 #define LUMARO_STANDALONE_SERVICES_SQLITE_ITEM_SERVICE_H_
 
+#include <array>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -38,14 +39,29 @@ class SqliteItemService : public host::ItemService {
  private:
   host::RecordsetPtr RowsOf(const char* table, std::string_view item_id,
                             const char* order_by = nullptr);
-  // The rows of a collection of the item.
+  // The collections of an item, each a table of rows with the item's id.
+  enum Collection {
+    kPrices,
+    kSuppliers,
+    kBarcodes,
+    kComponents,
+    kAlternatives,
+    kPropertyTable,
+    kCollectionCount
+  };
+  using Filled = std::array<bool, kCollectionCount>;
+  // Which collections have rows for the item: one query for all.
+  Filled CollectionsWithRows(std::string_view item_id);
+  // The rows of a collection of the item (none when `filled` says so).
   template <typename Row>
-  std::vector<Row> LoadRows(const char* table, std::string_view item_id, const char* order_by,
-                            const EntityColumns<Row>& columns);
-  // Replaces the rows of a collection of the item.
+  std::vector<Row> LoadRows(Collection collection, const Filled& filled, std::string_view item_id,
+                            const char* order_by, const EntityColumns<Row>& columns);
+  // Replaces the rows of a collection of the item by `rows`: nothing when
+  // they are the `loaded` rows (the database's, when given), no delete
+  // when the database has none (`loaded` empty, or else `has_rows` false).
   template <typename Row>
-  void ReplaceRows(const char* table, std::string_view item_id, const std::vector<Row>& rows,
-                   const EntityColumns<Row>& columns);
+  void WriteRows(Collection collection, std::string_view item_id, const std::vector<Row>& rows,
+                 const std::vector<Row>* loaded, bool has_rows, const EntityColumns<Row>& columns);
 
   // The item's rows as the database holds them (without the price rows
   // that Get adds for price lines the item has no row for).
@@ -60,10 +76,6 @@ class SqliteItemService : public host::ItemService {
   };
   // The last item loaded, when it is `item_id` and nothing changed since.
   const host::Item* Unchanged(std::string_view item_id) const;
-  // Writes the collection unless `loaded` (when given) holds the same rows.
-  template <typename Row>
-  void WriteRows(const char* table, std::string_view item_id, const std::vector<Row>& rows,
-                 const std::vector<Row>* loaded, const EntityColumns<Row>& columns);
 
   host::DatabaseService& db_;
   EntityWriter writer_;

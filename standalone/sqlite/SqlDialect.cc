@@ -272,8 +272,7 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
       needs_translation = true;
     }
     // "[dbo]." and "\"dbo\"." are the prefix too.
-    if (kind == Kind::kIdentifier &&
-        SameWord(IdentifierName(SqlToken{kind, std::string(text)}), "dbo")) {
+    if (kind == Kind::kIdentifier && SameWord(IdentifierName(kind, text), "dbo")) {
       needs_translation = true;
     }
     if (kind == Kind::kSymbol && text == "(" &&

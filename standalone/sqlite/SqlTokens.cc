@@ -1,18 +1,24 @@
 #include "standalone/sqlite/SqlTokens.h"
 
-#include <cctype>
-
 namespace standalone {
 namespace {
 
+// Plain ASCII classes, whatever the locale: a statement's words and
+// symbols are ASCII, and a byte of a multi-byte character is a letter.
+bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 bool IsWordStart(char c) {
-  return std::isalpha(static_cast<unsigned char>(c)) || c == '_' || c == '@' || c == '$' ||
+  return IsAsciiLetter(c) || c == '_' || c == '@' || c == '$' ||
          static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool IsWordPart(char c) { return IsWordStart(c) || std::isdigit(static_cast<unsigned char>(c)); }
+bool IsWordPart(char c) { return IsWordStart(c) || IsDigit(c); }
 
-bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
+char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 // The end of a quoted run that starts at `start` with `open` and ends with
 // `close`; a doubled closing character stays inside. An unclosed run ends
@@ -37,9 +43,7 @@ size_t QuotedEnd(std::string_view sql, size_t start, char close) {
 bool SameWord(std::string_view text, std::string_view word) {
   if (text.size() != word.size()) return false;
   for (size_t i = 0; i < word.size(); ++i) {
-    if (std::toupper(static_cast<unsigned char>(text[i])) !=
-        std::toupper(static_cast<unsigned char>(word[i])))
-      return false;
+    if (AsciiUpper(text[i]) != AsciiUpper(word[i])) return false;
   }
   return true;
 }
@@ -50,9 +54,9 @@ bool SqlToken::IsWord(std::string_view word) const {
 
 size_t NextToken(std::string_view sql, size_t i, SqlToken::Kind& kind) {
   char c = sql[i];
-  if (std::isspace(static_cast<unsigned char>(c))) {
+  if (IsSpace(c)) {
     size_t end = i;
-    while (end < sql.size() && std::isspace(static_cast<unsigned char>(sql[end]))) ++end;
+    while (end < sql.size() && IsSpace(sql[end])) ++end;
     kind = SqlToken::Kind::kBlank;
     return end;
   }
@@ -118,7 +122,6 @@ std::vector<SqlToken> TokenizeSql(std::string_view sql) {
   return tokens;
 }
 
-
 std::string JoinTokens(const std::vector<SqlToken>& tokens) {
   std::string text;
   for (const SqlToken& token : tokens) text += token.text;
@@ -126,10 +129,14 @@ std::string JoinTokens(const std::vector<SqlToken>& tokens) {
 }
 
 std::string IdentifierName(const SqlToken& token) {
-  if (token.kind == SqlToken::Kind::kIdentifier && token.text.size() >= 2) {
-    return token.text.substr(1, token.text.size() - 2);
+  return std::string(IdentifierName(token.kind, token.text));
+}
+
+std::string_view IdentifierName(SqlToken::Kind kind, std::string_view text) {
+  if (kind == SqlToken::Kind::kIdentifier && text.size() >= 2) {
+    return text.substr(1, text.size() - 2);
   }
-  return token.text;
+  return text;
 }
 
 }  // namespace standalone

@@ -37,11 +37,11 @@ size_t NextToken(std::string_view sql, size_t start, SqlToken::Kind& kind);
 // Splits SQL text into tokens; joining their texts gives the input back.
 std::vector<SqlToken> TokenizeSql(std::string_view sql);
 
-
 std::string JoinTokens(const std::vector<SqlToken>& tokens);
 
 // The name inside an identifier token ([Name] gives Name) or a word.
 std::string IdentifierName(const SqlToken& token);
+std::string_view IdentifierName(SqlToken::Kind kind, std::string_view text);
 
 }  // namespace standalone
 

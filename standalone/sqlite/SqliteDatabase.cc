@@ -220,7 +220,10 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
     host::RaiseWith(kCannotConnect, "'" + path + "' is a folder, not a POS database", kSource);
   }
   sqlite3* db = nullptr;
-  int flags = SQLITE_OPEN_READWRITE | (mode == OpenMode::kCreateIfMissing ? SQLITE_OPEN_CREATE : 0);
+  // One connection serves one thread at a time (a host's connection is not
+  // shared between threads), so SQLite's own locking of it is left out.
+  int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+              (mode == OpenMode::kCreateIfMissing ? SQLITE_OPEN_CREATE : 0);
   int rc = sqlite3_open_v2(path.c_str(), &db, flags, nullptr);
   if (rc != SQLITE_OK) {
     std::string message = db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
