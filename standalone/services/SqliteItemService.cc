@@ -121,17 +121,19 @@ constexpr const char* kCollectionTables[] = {"ItemSellingPrices", "ItemSupplier"
 
 SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_view item_id) {
   static const std::string kSql = [] {
-    std::string sql = "SELECT ";
+    std::string sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)";
     for (const char* table : kCollectionTables) {
-      if (sql.size() > 7) sql += ", ";
-      sql += "EXISTS(SELECT 1 FROM " + std::string(table) + " WHERE ItemID=?)";
+      sql += ", EXISTS(SELECT 1 FROM " + std::string(table) + " WHERE ItemID=?)";
     }
     return sql;
   }();
-  auto rs =
-      db_.Query(kSql, std::vector<host::SqlValue>(kCollectionCount, host::SqlValue::Text(item_id)));
+  auto rs = db_.Query(
+      kSql, std::vector<host::SqlValue>(kCollectionCount + 1, host::SqlValue::Text(item_id)));
   Filled filled;
-  for (int i = 0; i < kCollectionCount; ++i) filled[i] = FieldConverter::ToBoolean(rs->Fields(i));
+  filled.item = FieldConverter::ToBoolean(rs->Fields(0));
+  for (int i = 0; i < kCollectionCount; ++i) {
+    filled.collection[i] = FieldConverter::ToBoolean(rs->Fields(i + 1));
+  }
   return filled;
 }
 
@@ -147,7 +149,7 @@ std::vector<Row> SqliteItemService::LoadRows(Collection collection, const Filled
                                              std::string_view item_id, const char* order_by,
                                              const EntityColumns<Row>& columns) {
   std::vector<Row> rows;
-  if (!filled[collection]) return rows;
+  if (!filled.collection[collection]) return rows;
   for (auto rs = RowsOf(kCollectionTables[collection], item_id, order_by); !rs->Eof();
        rs->MoveNext()) {
     columns.Read(*rs, rows.emplace_back());
@@ -260,7 +262,11 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
 
 void SqliteItemService::Save(const Item& item) {
   const Item* loaded = Unchanged(item.ItemID);
-  bool exists = loaded != nullptr || Exists(item.ItemID);
+  // Without the rows as read, which rows there are: a collection that has
+  // none needs no delete.
+  const Filled filled = loaded ? Filled{} : CollectionsWithRows(item.ItemID);
+  const bool exists = loaded != nullptr || filled.item;
+  const std::optional<int64_t> counter_before = db_.ChangeCounter();
   writer_.Atomically([&] {
     bool row_unchanged = loaded != nullptr && kItemColumns.Same(item, *loaded) &&
                          item.Family.FamilyID == loaded->Family.FamilyID;
@@ -277,12 +283,9 @@ void SqliteItemService::Save(const Item& item) {
         writer_.Insert(row);
       }
     }
-    // Without the rows as read, whether each collection has rows at all: one
-    // that has none needs no delete.
-    const Filled filled = loaded ? Filled{} : CollectionsWithRows(item.ItemID);
     auto write = [&](Collection collection, const auto& rows, const auto* loaded_rows,
                      const auto& columns) {
-      WriteRows(collection, item.ItemID, rows, loaded_rows, filled[collection], columns);
+      WriteRows(collection, item.ItemID, rows, loaded_rows, filled.collection[collection], columns);
     };
     write(kPrices, item.SellingPrices.rows, loaded ? &loaded->SellingPrices.rows : nullptr,
           kPriceColumns);
@@ -298,16 +301,30 @@ void SqliteItemService::Save(const Item& item) {
   });
   loaded_.reset();
   keys_[item.ItemID] = item.ItemKey;
+  // The save changed this item's rows alone: a key looked up before it still
+  // finds the same id, unless it found this item or the save gave this item
+  // that key.
+  if (looked_up_ && looked_up_->id != item.ItemID && looked_up_->key != item.ItemKey) {
+    KeepLookUpAcross(counter_before);
+  }
 }
 
 void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
                                           std::string_view item_id) {
   const Item* loaded = Unchanged(item_id);
+  const std::optional<int64_t> counter_before = db_.ChangeCounter();
   writer_.Atomically([&] {
     WriteRows(kPrices, item_id, prices.rows, loaded ? &loaded->SellingPrices.rows : nullptr, true,
               kPriceColumns);
   });
   loaded_.reset();
+  // Prices are no keys: a key looked up before still finds the same id.
+  if (looked_up_) KeepLookUpAcross(counter_before);
+}
+
+void SqliteItemService::KeepLookUpAcross(std::optional<int64_t> counter_before) {
+  if (!counter_before || looked_up_->counter != *counter_before) return;
+  if (std::optional<int64_t> counter = db_.ChangeCounter()) looked_up_->counter = *counter;
 }
 
 }  // namespace standalone

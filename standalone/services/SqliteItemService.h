@@ -49,8 +49,11 @@ class SqliteItemService : public host::ItemService {
     kPropertyTable,
     kCollectionCount
   };
-  using Filled = std::array<bool, kCollectionCount>;
-  // Which collections have rows for the item: one query for all.
+  struct Filled {
+    bool item = false;  // whether the Item row is there
+    std::array<bool, kCollectionCount> collection{};
+  };
+  // Which of the item's rows there are: one query for all.
   Filled CollectionsWithRows(std::string_view item_id);
   // The rows of a collection of the item (none when `filled` says so).
   template <typename Row>
@@ -74,6 +77,9 @@ class SqliteItemService : public host::ItemService {
     std::string id;
     int64_t counter;
   };
+  // After a save of the service's own that changed nothing but one item's
+  // rows: the last key looked up stays trusted if it was before the save.
+  void KeepLookUpAcross(std::optional<int64_t> counter_before);
   // The last item loaded, when it is `item_id` and nothing changed since.
   const host::Item* Unchanged(std::string_view item_id) const;
 

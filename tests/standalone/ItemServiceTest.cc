@@ -95,5 +95,23 @@ TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainOnceAnItemChanged) {
   EXPECT_EQ(items_.GetItemIDFromKey("K1"), "A1");
 }
 
+TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainAfterASaveThatMovedIt) {
+  host::Item other;
+  other.ItemID = "A0";
+  other.ItemKey = "K0";
+  items_.Save(other);
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  EXPECT_EQ(items_.GetItemIDFromKey("K1"), "A1");
+  item->ItemKey = "K9";
+  items_.Save(*item);  // takes K1 away from A1
+  EXPECT_EQ(items_.GetItemIDFromKey("K1"), "");
+  EXPECT_EQ(items_.GetItemIDFromKey("K9"), "A1");
+  other.ItemKey = "K9";
+  items_.Save(other);  // A0 comes first with K9 now
+  EXPECT_EQ(items_.GetItemIDFromKey("K9"), "A0");
+  host_.Db().CommitTrans();
+}
+
 }  // namespace
 }  // namespace standalone
