@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <variant>
 #include <vector>
@@ -31,6 +32,12 @@ class EntityColumns {
   };
 
   EntityColumns(std::initializer_list<Column> columns) : columns_(columns) {}
+  // The first `key_count` columns name a row among the rows of one entity
+  // (text or numbers): a row can be written over in place.
+  EntityColumns(std::initializer_list<Column> columns, size_t key_count)
+      : columns_(columns), key_count_(key_count) {}
+
+  bool HasKey() const { return key_count_ > 0; }
 
   // The current row's columns into the entity's members.
   void Read(const host::Recordset& row, Entity& entity) const {
@@ -57,13 +64,9 @@ class EntityColumns {
 
   // Whether two entities hold the same values in every listed member: what
   // Write would write for one it would write for the other.
-  bool Same(const Entity& a, const Entity& b) const {
-    for (const Column& column : columns_) {
-      bool same = std::visit([&](auto member) { return a.*member == b.*member; }, column.member);
-      if (!same) return false;
-    }
-    return true;
-  }
+  bool Same(const Entity& a, const Entity& b) const { return SameIn(a, b, 0, columns_.size()); }
+  // Whether the two rows have the same key.
+  bool SameKey(const Entity& a, const Entity& b) const { return SameIn(a, b, 0, key_count_); }
 
   bool SameRows(const std::vector<Entity>& a, const std::vector<Entity>& b) const {
     if (a.size() != b.size()) return false;
@@ -75,7 +78,55 @@ class EntityColumns {
 
   // The entity's members into the statement's columns.
   void Write(const Entity& entity, host::SqlStatement& statement) const {
-    for (const Column& column : columns_) {
+    WriteFrom(0, columns_.size(), entity, statement);
+  }
+
+  // The members in which `entity` differs from `before` into the
+  // statement's columns: an UPDATE that leaves the others, and the indexes
+  // on them, as they are.
+  void WriteChanged(const Entity& entity, const Entity& before,
+                    host::SqlStatement& statement) const {
+    for (size_t i = 0; i < columns_.size(); ++i) {
+      if (!SameIn(entity, before, i, i + 1)) WriteFrom(i, i + 1, entity, statement);
+    }
+  }
+
+  // The key's members into the statement's keys, the others into its
+  // columns: an UPDATE of the one row.
+  void WriteInPlace(const Entity& entity, host::SqlStatement& statement) const {
+    for (size_t i = 0; i < key_count_; ++i) {
+      std::visit(
+          [&](auto member) {
+            const auto& field = entity.*member;
+            using Field = std::decay_t<decltype(field)>;
+            if constexpr (std::is_same_v<Field, std::string>) {
+              statement.KeyText(columns_[i].name, field);
+            } else if constexpr (std::is_arithmetic_v<Field> && !std::is_same_v<Field, bool>) {
+              statement.KeyNumber(columns_[i].name, field);
+            } else {
+              throw std::logic_error("a key column is text or a number");
+            }
+          },
+          columns_[i].member);
+    }
+    WriteFrom(key_count_, columns_.size(), entity, statement);
+  }
+
+ private:
+  // Over the columns [first, end).
+  bool SameIn(const Entity& a, const Entity& b, size_t first, size_t end) const {
+    for (size_t i = first; i < end; ++i) {
+      bool same =
+          std::visit([&](auto member) { return a.*member == b.*member; }, columns_[i].member);
+      if (!same) return false;
+    }
+    return true;
+  }
+
+  void WriteFrom(size_t first, size_t end, const Entity& entity,
+                 host::SqlStatement& statement) const {
+    for (size_t i = first; i < end; ++i) {
+      const Column& column = columns_[i];
       std::visit(
           [&](auto member) {
             const auto& field = entity.*member;
@@ -94,8 +145,8 @@ class EntityColumns {
     }
   }
 
- private:
   std::vector<Column> columns_;
+  size_t key_count_ = 0;
 };
 
 }  // namespace standalone

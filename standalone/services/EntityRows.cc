@@ -27,6 +27,21 @@ size_t DeclaredLength(const std::string& type) {
   return static_cast<size_t>(std::strtoul(upper.c_str() + open + 1, nullptr, 10));
 }
 
+// A column's default as PRAGMA table_info gives it: NULL, a quoted text or
+// a number are plain values; anything else (an expression) is none.
+std::optional<host::SqlValue> DefaultValue(const host::Variant& declared) {
+  if (declared.IsNull() || declared.IsEmpty()) return host::SqlValue::Null();
+  std::string text = host::FieldConverter::ToText(declared);
+  if (host::UCase(text) == "NULL") return host::SqlValue::Null();
+  if (text.size() >= 2 && text.front() == '\'' && text.back() == '\'') {
+    return host::SqlValue::Text(host::Replace(text.substr(1, text.size() - 2), "''", "'"));
+  }
+  char* end = nullptr;
+  double number = std::strtod(text.c_str(), &end);
+  if (!text.empty() && end == text.c_str() + text.size()) return host::SqlValue::Number(number);
+  return std::nullopt;
+}
+
 }  // namespace
 
 double IdFromKey(host::DatabaseService& db, std::string_view table, std::string_view id_column,
@@ -96,21 +111,59 @@ void EntityWriter::Update(const host::SqlStatement& statement) {
 
 void EntityWriter::Delete(const host::SqlStatement& statement) { db_.RunDelete(statement); }
 
-void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
-  auto found = lengths_.find(statement.Table());
-  if (found == lengths_.end()) {
-    std::unordered_map<std::string, size_t> columns;
-    for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + statement.Table() + ")"); !rs->Eof();
-         rs->MoveNext()) {
-      size_t length = DeclaredLength(host::FieldConverter::ToText(rs->Fields("type")));
-      if (length > 0) columns.emplace(host::FieldConverter::ToText(rs->Fields("name")), length);
+bool EntityWriter::Rewrite(host::SqlStatement statement) {
+  auto named = [&](const std::string& name) {
+    for (const auto& column : statement.Columns()) {
+      if (column.name == name) return true;
     }
-    found = lengths_.emplace(statement.Table(), std::move(columns)).first;
+    for (const auto& key : statement.Keys()) {
+      if (key.name == name) return true;
+    }
+    return false;
+  };
+  std::vector<std::pair<std::string, host::SqlValue>> others;
+  for (const auto& [name, value] : Info(statement.Table()).defaults) {
+    if (named(name)) continue;
+    if (!value) return false;
+    others.emplace_back(name, *value);
   }
+  for (const auto& [name, value] : others) {
+    switch (value.kind) {
+      case host::SqlValue::Kind::kText:
+        statement.Text(name, value.text);
+        break;
+      case host::SqlValue::Kind::kNumber:
+        statement.Number(name, value.number);
+        break;
+      default:
+        statement.Null(name);
+        break;
+    }
+  }
+  Update(statement);
+  return true;
+}
+
+const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
+  auto found = tables_.find(table);
+  if (found != tables_.end()) return found->second;
+  TableInfo info;
+  for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + table + ")"); !rs->Eof();
+       rs->MoveNext()) {
+    std::string name = host::FieldConverter::ToText(rs->Fields("name"));
+    size_t length = DeclaredLength(host::FieldConverter::ToText(rs->Fields("type")));
+    if (length > 0) info.lengths.emplace(name, length);
+    info.defaults.emplace_back(name, DefaultValue(rs->Fields("dflt_value")));
+  }
+  return tables_.emplace(table, std::move(info)).first->second;
+}
+
+void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
+  const auto& lengths = Info(statement.Table()).lengths;
   for (const auto& column : statement.Columns()) {
     if (column.kind != host::SqlStatement::Kind::kText) continue;
-    auto limit = found->second.find(column.name);
-    if (limit == found->second.end() || column.text.size() <= limit->second) continue;
+    auto limit = lengths.find(column.name);
+    if (limit == lengths.end() || column.text.size() <= limit->second) continue;
     if (host::Len(column.text) > limit->second) {
       host::RaiseWith(kDataTruncated,
                       "String or binary data would be truncated: " + statement.Table() + "." +

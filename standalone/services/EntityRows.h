@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "connector/host/DatabaseService.h"
 
@@ -51,13 +53,24 @@ class EntityWriter {
   void Insert(const host::SqlStatement& statement);
   void Update(const host::SqlStatement& statement);
   void Delete(const host::SqlStatement& statement);
+  // Writes over the one row that the statement's keys name as deleting it
+  // and inserting the keys and columns would: every other column takes its
+  // default. False, with nothing written, when a default is no plain value
+  // (an expression), and the caller must delete and insert.
+  bool Rewrite(host::SqlStatement statement);
 
  private:
+  struct TableInfo {
+    // The declared length of each text column that has one.
+    std::unordered_map<std::string, size_t> lengths;
+    // Each column with its default; none when it is no plain value.
+    std::vector<std::pair<std::string, std::optional<host::SqlValue>>> defaults;
+  };
+  const TableInfo& Info(const std::string& table);
   void CheckLengths(const host::SqlStatement& statement);
 
   host::DatabaseService& db_;
-  // Per table: the declared length of each text column that has one.
-  std::unordered_map<std::string, std::unordered_map<std::string, size_t>> lengths_;
+  std::unordered_map<std::string, TableInfo> tables_;
 };
 
 }  // namespace standalone

@@ -51,16 +51,19 @@ const EntityColumns<Item> kItemColumns = {
 };
 
 using host::ItemSellingPrice;
-const EntityColumns<ItemSellingPrice> kPriceColumns = {
-    {"PriceLineID", &ItemSellingPrice::PriceLineID},
-    {"ColorID", &ItemSellingPrice::ColorID},
-    {"SizeID", &ItemSellingPrice::SizeID},
-    {"LotID", &ItemSellingPrice::LotID},
-    {"PriceWithoutTax", &ItemSellingPrice::PriceWithoutTax},
-    {"PriceWithTax", &ItemSellingPrice::PriceWithTax},
-    {"PriceDate", &ItemSellingPrice::PriceDate},
-    {"PriceStatus", &ItemSellingPrice::PriceStatus},
-};
+// The first four columns are the key of a price among an item's prices.
+const EntityColumns<ItemSellingPrice> kPriceColumns(
+    {
+        {"PriceLineID", &ItemSellingPrice::PriceLineID},
+        {"ColorID", &ItemSellingPrice::ColorID},
+        {"SizeID", &ItemSellingPrice::SizeID},
+        {"LotID", &ItemSellingPrice::LotID},
+        {"PriceWithoutTax", &ItemSellingPrice::PriceWithoutTax},
+        {"PriceWithTax", &ItemSellingPrice::PriceWithTax},
+        {"PriceDate", &ItemSellingPrice::PriceDate},
+        {"PriceStatus", &ItemSellingPrice::PriceStatus},
+    },
+    4);
 
 using host::ItemSupplier;
 const EntityColumns<ItemSupplier> kSupplierColumns = {
@@ -163,6 +166,7 @@ void SqliteItemService::WriteRows(Collection collection, std::string_view item_i
                                   bool has_rows, const EntityColumns<Row>& columns) {
   if (loaded != nullptr && columns.SameRows(rows, *loaded)) return;
   const char* table = kCollectionTables[collection];
+  if (loaded != nullptr && RewriteInPlace(table, item_id, rows, *loaded, columns)) return;
   if (loaded != nullptr ? !loaded->empty() : has_rows) {
     host::SqlStatement existing;
     existing.SetTable(table);
@@ -176,6 +180,27 @@ void SqliteItemService::WriteRows(Collection collection, std::string_view item_i
     columns.Write(row, insert);
     writer_.Insert(insert);
   }
+}
+
+template <typename Row>
+bool SqliteItemService::RewriteInPlace(const char* table, std::string_view item_id,
+                                       const std::vector<Row>& rows, const std::vector<Row>& loaded,
+                                       const EntityColumns<Row>& columns) {
+  if (!columns.HasKey() || rows.size() != loaded.size()) return false;
+  for (size_t i = 0; i < rows.size(); ++i) {
+    if (!columns.SameKey(rows[i], loaded[i])) return false;
+  }
+  for (size_t i = 0; i < rows.size(); ++i) {
+    if (columns.Same(rows[i], loaded[i])) continue;
+    host::SqlStatement row;
+    row.SetTable(table);
+    row.KeyText("ItemID", item_id);
+    columns.WriteInPlace(rows[i], row);
+    // The defaults are the table's: a refusal comes at the first row, before
+    // anything is written, and then the whole collection is replaced.
+    if (!writer_.Rewrite(row)) return false;
+  }
+  return true;
 }
 
 const host::Item* SqliteItemService::Unchanged(std::string_view item_id) const {
@@ -273,8 +298,16 @@ void SqliteItemService::Save(const Item& item) {
     if (!row_unchanged) {
       host::SqlStatement row;
       row.SetTable("Item");
-      kItemColumns.Write(item, row);
-      row.Number("FamilyID", item.Family.FamilyID);
+      // What was read is in the row: only what differs is written.
+      if (loaded != nullptr) {
+        kItemColumns.WriteChanged(item, *loaded, row);
+        if (item.Family.FamilyID != loaded->Family.FamilyID) {
+          row.Number("FamilyID", item.Family.FamilyID);
+        }
+      } else {
+        kItemColumns.Write(item, row);
+        row.Number("FamilyID", item.Family.FamilyID);
+      }
       if (exists) {
         row.KeyText("ItemID", item.ItemID);
         writer_.Update(row);

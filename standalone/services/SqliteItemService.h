@@ -62,6 +62,12 @@ class SqliteItemService : public host::ItemService {
   // Replaces the rows of a collection of the item by `rows`: nothing when
   // they are the `loaded` rows (the database's, when given), no delete
   // when the database has none (`loaded` empty, or else `has_rows` false).
+  // Writes the rows that differ over the loaded ones, each in place, when
+  // the collection has a key and the rows have the loaded rows' keys in
+  // their order; false, with nothing written, when they cannot be.
+  template <typename Row>
+  bool RewriteInPlace(const char* table, std::string_view item_id, const std::vector<Row>& rows,
+                      const std::vector<Row>& loaded, const EntityColumns<Row>& columns);
   template <typename Row>
   void WriteRows(Collection collection, std::string_view item_id, const std::vector<Row>& rows,
                  const std::vector<Row>* loaded, bool has_rows, const EntityColumns<Row>& columns);

@@ -470,6 +470,22 @@ host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view
   return std::make_shared<host::Recordset>(columns.names, std::move(rows));
 }
 
+void SqliteDatabase::ExecuteOne(const std::string& sqlite_sql) {
+  bool failed = false;
+  sqlite3_stmt* statement = Prepared(sqlite_sql, failed);
+  if (failed || statement == nullptr) {
+    Execute(sqlite_sql);
+    return;
+  }
+  int rc = sqlite3_step(statement);
+  sqlite3_reset(statement);
+  if (rc != SQLITE_DONE && rc != SQLITE_ROW) {
+    host::RaiseWith(host::err::kSqlRefused,
+                    std::string(sqlite3_errmsg(db_)) + " (SQL: " + Shortened(sqlite_sql) + ")",
+                    kSource);
+  }
+}
+
 void SqliteDatabase::Execute(std::string_view sqlite_sql) {
   std::string text(sqlite_sql);
   char* error = nullptr;
@@ -511,10 +527,10 @@ void SqliteDatabase::BeginTrans() {
     // The write lock is taken at once (waiting as long as the busy timeout
     // says), so that a transaction never fails half-way because another
     // connection wrote first.
-    Execute("BEGIN IMMEDIATE");
+    ExecuteOne("BEGIN IMMEDIATE");
     ++transaction_events_;
   } else {
-    Execute("SAVEPOINT lumaro_" + std::to_string(transaction_depth_));
+    ExecuteOne("SAVEPOINT lumaro_" + std::to_string(transaction_depth_));
   }
   ++transaction_depth_;
 }
@@ -527,9 +543,9 @@ void SqliteDatabase::CommitTrans() {
   if (observer_) observer_("COMMIT");
   try {
     if (transaction_depth_ == 1) {
-      Execute("COMMIT");
+      ExecuteOne("COMMIT");
     } else {
-      Execute("RELEASE lumaro_" + std::to_string(transaction_depth_ - 1));
+      ExecuteOne("RELEASE lumaro_" + std::to_string(transaction_depth_ - 1));
     }
   } catch (...) {
     SyncTransactionDepth();
@@ -546,11 +562,11 @@ void SqliteDatabase::RollbackTrans() {
   ++transaction_events_;
   try {
     if (transaction_depth_ == 1) {
-      Execute("ROLLBACK");
+      ExecuteOne("ROLLBACK");
     } else {
       std::string name = "lumaro_" + std::to_string(transaction_depth_ - 1);
-      Execute("ROLLBACK TO " + name);
-      Execute("RELEASE " + name);
+      ExecuteOne("ROLLBACK TO " + name);
+      ExecuteOne("RELEASE " + name);
     }
   } catch (...) {
     SyncTransactionDepth();

@@ -116,6 +116,9 @@ class SqliteDatabase : public host::DatabaseService {
                               const std::vector<const host::SqlValue*>& values, bool translate);
   host::RecordsetPtr RunShape(StatementTexts::Shape shape, const host::SqlStatement& statement);
   void Execute(std::string_view sqlite_sql);
+  // One statement, prepared once and kept: the transactions' own statements,
+  // run for every save.
+  void ExecuteOne(const std::string& sqlite_sql);
   void FinalizeAll();
   void SyncTransactionDepth();
 

@@ -113,5 +113,21 @@ TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainAfterASaveThatMovedIt) {
   host_.Db().CommitTrans();
 }
 
+TEST_F(ItemServiceTrust, APriceWrittenInPlaceEndsAsAReplacedOneWould) {
+  // Who changed a price last: a replaced row forgets it, and so must a row
+  // written over.
+  host_.Exec(
+      "UPDATE ItemSellingPrices SET WorkstationID = 7, UserAlt = 3, DtAlt = '2026-01-01 00:00:00'");
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  item->SellingPrices.Find(2)->PriceWithTax = 12.5;
+  items_.SaveSellingPrices(item->SellingPrices, "A1");
+  host_.Db().CommitTrans();
+  EXPECT_EQ(Prices(), "1=10,2=12.5");
+  EXPECT_EQ(host_.Rows("SELECT PriceLineID || ':' || WorkstationID || ',' || UserAlt || ',' || "
+                       "ifnull(DtAlt, 'null') FROM ItemSellingPrices ORDER BY PriceLineID"),
+            "1:7,3,2026-01-01 00:00:00,2:0,0,null");
+}
+
 }  // namespace
 }  // namespace standalone
