@@ -107,12 +107,14 @@ class DatabaseService {
   virtual RecordsetPtr RunSelect(const SqlStatement& statement);
   virtual RecordsetPtr RunCount(const SqlStatement& statement);
 
-  // A number that moves whenever the rows of the database may have changed
-  // since it was last read: a change or a rollback through this connection,
-  // or a new transaction (other connections may have written before it).
-  // Lets a caller keep what it read for as long as the number stays. None
-  // outside a transaction, or when the database cannot tell.
-  virtual std::optional<int64_t> ChangeCounter() const { return std::nullopt; }
+  // A number that moves whenever the rows of `table` may have changed since
+  // it was last read: a change of them or a rollback through this
+  // connection, or a new transaction (other connections may have written
+  // before it). Lets a caller keep what it read for as long as the number
+  // stays. None outside a transaction, or when the database cannot tell.
+  virtual std::optional<int64_t> ChangeCounter(std::string_view /*table*/) const {
+    return std::nullopt;
+  }
 
   // Closes the connection; later calls raise 3704.
   virtual void Disconnect() = 0;

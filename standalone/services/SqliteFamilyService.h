@@ -1,6 +1,10 @@
 #ifndef LUMARO_STANDALONE_SERVICES_SQLITE_FAMILY_SERVICE_H_
 #define LUMARO_STANDALONE_SERVICES_SQLITE_FAMILY_SERVICE_H_
 
+#include <optional>
+#include <string>
+#include <unordered_map>
+
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
 #include "standalone/services/EntityRows.h"
@@ -22,6 +26,10 @@ class SqliteFamilyService : public host::FamilyService {
  private:
   host::DatabaseService& db_;
   EntityWriter writer_;
+  // The ids of the keys looked up, while the table Family stands still at
+  // `ids_counter_` (one item after another names the same few families).
+  std::unordered_map<std::string, double> ids_;
+  std::optional<int64_t> ids_counter_;
 };
 
 }  // namespace standalone

@@ -203,10 +203,28 @@ bool SqliteItemService::RewriteInPlace(const char* table, std::string_view item_
   return true;
 }
 
-const host::Item* SqliteItemService::Unchanged(std::string_view item_id) const {
-  if (!loaded_ || loaded_->item.ItemID != item_id) return nullptr;
-  std::optional<int64_t> counter = db_.ChangeCounter();
-  return counter && *counter == loaded_->counter ? &loaded_->item : nullptr;
+SqliteItemService::Counters SqliteItemService::CountersNow() const {
+  Counters counters;
+  counters[0] = db_.ChangeCounter("Item");
+  for (int i = 0; i < kCollectionCount; ++i) {
+    counters[i + 1] = db_.ChangeCounter(kCollectionTables[i]);
+  }
+  return counters;
+}
+
+SqliteItemService::Trusted SqliteItemService::TrustedFor(std::string_view item_id) const {
+  Trusted trusted;
+  if (!loaded_ || loaded_->item.ItemID != item_id) return trusted;
+  const Counters now = CountersNow();
+  auto same = [&](size_t i) { return now[i] && now[i] == loaded_->counters[i]; };
+  trusted.item = &loaded_->item;
+  trusted.row = same(0);
+  trusted.all = trusted.row;
+  for (int i = 0; i < kCollectionCount; ++i) {
+    trusted.collection[i] = same(i + 1);
+    trusted.all = trusted.all && trusted.collection[i];
+  }
+  return trusted;
 }
 
 std::string SqliteItemService::GetKey(std::string_view item_id) {
@@ -221,7 +239,7 @@ std::string SqliteItemService::GetKey(std::string_view item_id) {
 
 std::string SqliteItemService::GetItemIDFromKey(std::string_view item_key) {
   if (item_key.empty()) return "";
-  std::optional<int64_t> counter = db_.ChangeCounter();
+  std::optional<int64_t> counter = db_.ChangeCounter("Item");
   if (counter && looked_up_ && looked_up_->counter == *counter && looked_up_->key == item_key) {
     return looked_up_->id;
   }
@@ -262,11 +280,7 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
       LoadRows(kAlternatives, filled, item->ItemID, "AlternativeOrder", kAlternativeColumns);
   item->PropertyTable =
       LoadRows(kPropertyTable, filled, item->ItemID, nullptr, kPropertyValueColumns);
-  if (std::optional<int64_t> counter = db_.ChangeCounter()) {
-    loaded_ = Loaded{*item, *counter};
-  } else {
-    loaded_.reset();
-  }
+  loaded_ = Loaded{*item, CountersNow()};
   // An item has a price on every line of the host, also on a line made after
   // it.
   if (!price_lines_read_) {
@@ -286,13 +300,14 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
 }
 
 void SqliteItemService::Save(const Item& item) {
-  const Item* loaded = Unchanged(item.ItemID);
-  // Without the rows as read, which rows there are: a collection that has
+  const Trusted trusted = TrustedFor(item.ItemID);
+  // Short of all rows as read, which rows there are: a collection that has
   // none needs no delete.
-  const Filled filled = loaded ? Filled{} : CollectionsWithRows(item.ItemID);
-  const bool exists = loaded != nullptr || filled.item;
-  const std::optional<int64_t> counter_before = db_.ChangeCounter();
+  const Filled filled = trusted.all ? Filled{} : CollectionsWithRows(item.ItemID);
+  const bool exists = trusted.row || filled.item;
+  const std::optional<int64_t> counter_before = db_.ChangeCounter("Item");
   writer_.Atomically([&] {
+    const Item* loaded = trusted.row ? trusted.item : nullptr;
     bool row_unchanged = loaded != nullptr && kItemColumns.Same(item, *loaded) &&
                          item.Family.FamilyID == loaded->Family.FamilyID;
     if (!row_unchanged) {
@@ -316,21 +331,29 @@ void SqliteItemService::Save(const Item& item) {
         writer_.Insert(row);
       }
     }
-    auto write = [&](Collection collection, const auto& rows, const auto* loaded_rows,
-                     const auto& columns) {
-      WriteRows(collection, item.ItemID, rows, loaded_rows, filled.collection[collection], columns);
+    // Each collection's rows as read, while its table stands still.
+    auto write = [&](Collection c, const auto& rows, auto pick, const auto& columns) {
+      const auto* before = trusted.collection[c] ? &pick(*trusted.item) : nullptr;
+      WriteRows(c, item.ItemID, rows, before, filled.collection[c], columns);
     };
-    write(kPrices, item.SellingPrices.rows, loaded ? &loaded->SellingPrices.rows : nullptr,
-          kPriceColumns);
-    write(kSuppliers, item.Suppliers, loaded ? &loaded->Suppliers : nullptr, kSupplierColumns);
-    write(kBarcodes, item.Barcodes.rows, loaded ? &loaded->Barcodes.rows : nullptr,
-          kBarcodeColumns);
-    write(kComponents, item.Components.rows, loaded ? &loaded->Components.rows : nullptr,
-          kComponentColumns);
-    write(kAlternatives, item.Alternatives.rows, loaded ? &loaded->Alternatives.rows : nullptr,
-          kAlternativeColumns);
-    write(kPropertyTable, item.PropertyTable, loaded ? &loaded->PropertyTable : nullptr,
-          kPropertyValueColumns);
+    write(
+        kPrices, item.SellingPrices.rows,
+        [](const Item& i) -> const auto& { return i.SellingPrices.rows; }, kPriceColumns);
+    write(
+        kSuppliers, item.Suppliers, [](const Item& i) -> const auto& { return i.Suppliers; },
+        kSupplierColumns);
+    write(
+        kBarcodes, item.Barcodes.rows, [](const Item& i) -> const auto& { return i.Barcodes.rows; },
+        kBarcodeColumns);
+    write(
+        kComponents, item.Components.rows,
+        [](const Item& i) -> const auto& { return i.Components.rows; }, kComponentColumns);
+    write(
+        kAlternatives, item.Alternatives.rows,
+        [](const Item& i) -> const auto& { return i.Alternatives.rows; }, kAlternativeColumns);
+    write(
+        kPropertyTable, item.PropertyTable,
+        [](const Item& i) -> const auto& { return i.PropertyTable; }, kPropertyValueColumns);
   });
   loaded_.reset();
   keys_[item.ItemID] = item.ItemKey;
@@ -344,20 +367,18 @@ void SqliteItemService::Save(const Item& item) {
 
 void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
                                           std::string_view item_id) {
-  const Item* loaded = Unchanged(item_id);
-  const std::optional<int64_t> counter_before = db_.ChangeCounter();
+  const Trusted trusted = TrustedFor(item_id);
   writer_.Atomically([&] {
-    WriteRows(kPrices, item_id, prices.rows, loaded ? &loaded->SellingPrices.rows : nullptr, true,
+    WriteRows(kPrices, item_id, prices.rows,
+              trusted.collection[kPrices] ? &trusted.item->SellingPrices.rows : nullptr, true,
               kPriceColumns);
   });
   loaded_.reset();
-  // Prices are no keys: a key looked up before still finds the same id.
-  if (looked_up_) KeepLookUpAcross(counter_before);
 }
 
 void SqliteItemService::KeepLookUpAcross(std::optional<int64_t> counter_before) {
   if (!counter_before || looked_up_->counter != *counter_before) return;
-  if (std::optional<int64_t> counter = db_.ChangeCounter()) looked_up_->counter = *counter;
+  if (std::optional<int64_t> counter = db_.ChangeCounter("Item")) looked_up_->counter = *counter;
 }
 
 }  // namespace standalone

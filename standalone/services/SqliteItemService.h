@@ -20,11 +20,12 @@ namespace standalone {
 // replaces each collection, all or nothing. Keeps the keys it has read and
 // the host's price lines for its own life (the run that made it).
 //
-// While the database's change counter stays where it was (inside one
-// transaction, nothing written since), the service trusts what it last
-// read: the id of the last key it looked up, and the rows of the last item
-// it loaded. A save of that item writes only the row and the collections
-// that differ from them; what is unchanged is already in the database.
+// While the database's change counter of a table stays where it was (inside
+// one transaction, nothing written to the table since), the service trusts
+// what it last read of it: the id of the last key it looked up, and the
+// rows of the last item it loaded. A save of that item writes only the row
+// and the collections that differ from them; what is unchanged is already
+// in the database.
 class SqliteItemService : public host::ItemService {
  public:
   explicit SqliteItemService(host::DatabaseService& db) : db_(db), writer_(db) {}
@@ -74,9 +75,19 @@ class SqliteItemService : public host::ItemService {
 
   // The item's rows as the database holds them (without the price rows
   // that Get adds for price lines the item has no row for).
+  // The change counters of Item and of each collection's table, in the
+  // order of Collection.
+  using Counters = std::array<std::optional<int64_t>, kCollectionCount + 1>;
   struct Loaded {
     host::Item item;
-    int64_t counter;
+    Counters counters;  // when it was read
+  };
+  // What of the last item loaded is still as the database holds it.
+  struct Trusted {
+    const host::Item* item = nullptr;
+    bool row = false;  // its Item row
+    std::array<bool, kCollectionCount> collection{};
+    bool all = false;  // the row and every collection
   };
   struct LookedUp {
     std::string key;
@@ -86,8 +97,9 @@ class SqliteItemService : public host::ItemService {
   // After a save of the service's own that changed nothing but one item's
   // rows: the last key looked up stays trusted if it was before the save.
   void KeepLookUpAcross(std::optional<int64_t> counter_before);
-  // The last item loaded, when it is `item_id` and nothing changed since.
-  const host::Item* Unchanged(std::string_view item_id) const;
+  Counters CountersNow() const;
+  // Of the last item loaded, when it is `item_id`, what is unchanged since.
+  Trusted TrustedFor(std::string_view item_id) const;
 
   host::DatabaseService& db_;
   EntityWriter writer_;

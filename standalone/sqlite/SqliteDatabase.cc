@@ -14,6 +14,7 @@
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
 #include "standalone/sqlite/SqlDialect.h"
+#include "standalone/sqlite/SqlTokens.h"
 #include "standalone/sqlite/SqliteSchema.h"
 
 namespace standalone {
@@ -248,7 +249,9 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
 }
 
 SqliteDatabase::SqliteDatabase(sqlite3* db, std::string path)
-    : db_(db), path_(std::move(path)), schema_(std::make_unique<SqliteSchema>(*this)) {}
+    : db_(db), path_(std::move(path)), schema_(std::make_unique<SqliteSchema>(*this)) {
+  row_changes_.Attach(db_);
+}
 
 SqliteDatabase::~SqliteDatabase() {
   if (db_ == nullptr) return;
@@ -456,16 +459,19 @@ host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view
   } catch (...) {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
+    AfterStatement(statement, sql, true);
     throw;
   }
   if (rc != SQLITE_DONE) {
     std::string message = sqlite3_errmsg(db_);
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
+    AfterStatement(statement, sql, true);
     host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sql) + ")", kSource);
   }
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
+  AfterStatement(statement, sql, false);
   if (column_count == 0) return std::make_shared<host::Recordset>();
   return std::make_shared<host::Recordset>(columns.names, std::move(rows));
 }
@@ -479,6 +485,7 @@ void SqliteDatabase::ExecuteOne(const std::string& sqlite_sql) {
   }
   int rc = sqlite3_step(statement);
   sqlite3_reset(statement);
+  AfterStatement(statement, sqlite_sql, rc != SQLITE_DONE && rc != SQLITE_ROW);
   if (rc != SQLITE_DONE && rc != SQLITE_ROW) {
     host::RaiseWith(host::err::kSqlRefused,
                     std::string(sqlite3_errmsg(db_)) + " (SQL: " + Shortened(sqlite_sql) + ")",
@@ -490,6 +497,7 @@ void SqliteDatabase::Execute(std::string_view sqlite_sql) {
   std::string text(sqlite_sql);
   char* error = nullptr;
   int rc = sqlite3_exec(db_, text.c_str(), nullptr, nullptr, &error);
+  AfterStatement(nullptr, sqlite_sql, rc != SQLITE_OK);
   if (rc != SQLITE_OK) {
     std::string message = error != nullptr ? error : sqlite3_errstr(rc);
     sqlite3_free(error);
@@ -514,10 +522,23 @@ void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {
   Execute(sqlite_sql);
 }
 
-std::optional<int64_t> SqliteDatabase::ChangeCounter() const {
+std::optional<int64_t> SqliteDatabase::ChangeCounter(std::string_view table) const {
   // Outside a transaction another connection may write at any moment.
   if (db_ == nullptr || transaction_depth_ == 0) return std::nullopt;
-  return sqlite3_total_changes64(db_) + transaction_events_;
+  return transaction_events_ + row_changes_.Of(table);
+}
+
+void SqliteDatabase::AfterStatement(sqlite3_stmt* statement, std::string_view sql, bool failed) {
+  bool all_seen = row_changes_.AllSeen();
+  // A statement that writes but is no INSERT, UPDATE or DELETE (a CREATE,
+  // DROP, ALTER, a PRAGMA) may change rows the hook does not report.
+  bool other_write = statement == nullptr;
+  if (!other_write && sqlite3_stmt_readonly(statement) == 0) {
+    std::string_view first = sql.substr(0, sql.find_first_of(" \t\r\n("));
+    other_write = !(SameWord(first, "INSERT") || SameWord(first, "UPDATE") ||
+                    SameWord(first, "DELETE") || SameWord(first, "REPLACE"));
+  }
+  if (failed || !all_seen || other_write) ++transaction_events_;
 }
 
 void SqliteDatabase::BeginTrans() {

@@ -10,6 +10,7 @@
 
 #include "connector/host/DatabaseService.h"
 #include "standalone/StatementTexts.h"
+#include "standalone/sqlite/RowChanges.h"
 #include "standalone/sqlite/SqliteSqlFormat.h"
 
 namespace standalone {
@@ -72,7 +73,7 @@ class SqliteDatabase : public host::DatabaseService {
   void RollbackTrans() override;
   void Disconnect() override;
   int DatabaseKind() const override { return 0; }
-  std::optional<int64_t> ChangeCounter() const override;
+  std::optional<int64_t> ChangeCounter(std::string_view table) const override;
 
   // Sets the journal of a database that the till uses at the same time (WAL,
   // synchronous=NORMAL). Changes the file: call it only on a database
@@ -116,6 +117,9 @@ class SqliteDatabase : public host::DatabaseService {
                               const std::vector<const host::SqlValue*>& values, bool translate);
   host::RecordsetPtr RunShape(StatementTexts::Shape shape, const host::SqlStatement& statement);
   void Execute(std::string_view sqlite_sql);
+  // Keeps ChangeCounter true after a statement (nullptr: a script of any
+  // statements) has run or failed.
+  void AfterStatement(sqlite3_stmt* statement, std::string_view sql, bool failed);
   // One statement, prepared once and kept: the transactions' own statements,
   // run for every save.
   void ExecuteOne(const std::string& sqlite_sql);
@@ -133,9 +137,12 @@ class SqliteDatabase : public host::DatabaseService {
   std::unordered_map<sqlite3_stmt*, ResultColumns> result_columns_;
   ResultColumns one_shot_columns_;
   int transaction_depth_ = 0;
-  // Transactions begun and rollbacks: with SQLite's count of changed rows,
-  // what ChangeCounter gives.
+  // Events after which any table may have changed: transactions begun,
+  // rollbacks, failed statements, changes the update hook did not see,
+  // statements other than INSERT, UPDATE and DELETE that write. With the
+  // table's changed rows, what ChangeCounter gives.
   int64_t transaction_events_ = 0;
+  RowChanges row_changes_;
   Statistics stats_;
   std::function<void(std::string_view)> observer_;
 };

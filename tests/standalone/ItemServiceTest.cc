@@ -66,6 +66,17 @@ TEST_F(ItemServiceTrust, ARowWrittenBetweenGetAndSaveIsOverwrittenByTheSave) {
   EXPECT_EQ(host_.Scalar("SELECT Description FROM Item WHERE ItemID = 'A1'"), "Artigo");
 }
 
+TEST_F(ItemServiceTrust, ATableEmptiedAtOnceIsNoLongerTrusted) {
+  // SQLite empties a table by a DELETE without WHERE without reporting its
+  // rows one by one.
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  host_.Db().OpenRecordset("DELETE FROM ItemSellingPrices");
+  items_.Save(*item);
+  host_.Db().CommitTrans();
+  EXPECT_EQ(Prices(), "1=10,2=0");
+}
+
 TEST_F(ItemServiceTrust, ARollbackEndsTheTrustInWhatWasReadBeforeIt) {
   host_.Db().BeginTrans();
   host_.Db().BeginTrans();
