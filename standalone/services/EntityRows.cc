@@ -89,9 +89,30 @@ std::optional<host::Date> DateOrNull(const host::Variant& value) {
 }
 
 void EntityWriter::Atomically(const std::function<void()>& writes) {
-  db_.BeginTrans();
+  if (gathering_) {
+    writes();
+    return;
+  }
+  gathering_ = true;
+  gathered_.clear();
   try {
     writes();
+  } catch (...) {
+    gathering_ = false;
+    gathered_.clear();
+    throw;
+  }
+  gathering_ = false;
+  std::vector<Write> batch = std::move(gathered_);
+  gathered_.clear();
+  if (batch.size() == 1) {
+    Run(batch.front());
+    return;
+  }
+  if (batch.empty()) return;
+  db_.BeginTrans();
+  try {
+    for (const Write& write : batch) Run(write);
   } catch (...) {
     db_.RollbackTrans();
     throw;
@@ -99,17 +120,40 @@ void EntityWriter::Atomically(const std::function<void()>& writes) {
   db_.CommitTrans();
 }
 
+void EntityWriter::Run(const Write& write) {
+  switch (write.kind) {
+    case Kind::kInsert:
+      db_.RunInsert(write.statement);
+      return;
+    case Kind::kUpdate:
+      db_.RunUpdate(write.statement);
+      return;
+    case Kind::kDelete:
+      db_.RunDelete(write.statement);
+      return;
+  }
+}
+
+void EntityWriter::Gather(Kind kind, const host::SqlStatement& statement) {
+  Write write{kind, statement};
+  if (gathering_) {
+    gathered_.push_back(std::move(write));
+  } else {
+    Run(write);
+  }
+}
+
 void EntityWriter::Insert(const host::SqlStatement& statement) {
   CheckLengths(statement);
-  db_.RunInsert(statement);
+  Gather(Kind::kInsert, statement);
 }
 
 void EntityWriter::Update(const host::SqlStatement& statement) {
   CheckLengths(statement);
-  db_.RunUpdate(statement);
+  Gather(Kind::kUpdate, statement);
 }
 
-void EntityWriter::Delete(const host::SqlStatement& statement) { db_.RunDelete(statement); }
+void EntityWriter::Delete(const host::SqlStatement& statement) { Gather(Kind::kDelete, statement); }
 
 bool EntityWriter::Rewrite(host::SqlStatement statement) {
   auto named = [&](const std::string& name) {

@@ -47,7 +47,10 @@ class EntityWriter {
   explicit EntityWriter(host::DatabaseService& db) : db_(db) {}
 
   // Runs the writes of one entity so that a refusal in any of them leaves
-  // none written (a savepoint inside the caller's transaction).
+  // none written. The writes are gathered and run at the end: none, one
+  // alone (a statement is all or nothing by itself), or several inside a
+  // savepoint of the caller's transaction. So a read within `writes` does
+  // not see them. A nested call is part of the outer one.
   void Atomically(const std::function<void()>& writes);
 
   void Insert(const host::SqlStatement& statement);
@@ -60,6 +63,14 @@ class EntityWriter {
   bool Rewrite(host::SqlStatement statement);
 
  private:
+  enum class Kind { kInsert, kUpdate, kDelete };
+  struct Write {
+    Kind kind;
+    host::SqlStatement statement;
+  };
+  void Run(const Write& write);
+  void Gather(Kind kind, const host::SqlStatement& statement);
+
   struct TableInfo {
     // The declared length of each text column that has one.
     std::unordered_map<std::string, size_t> lengths;
@@ -71,6 +82,8 @@ class EntityWriter {
 
   host::DatabaseService& db_;
   std::unordered_map<std::string, TableInfo> tables_;
+  bool gathering_ = false;
+  std::vector<Write> gathered_;
 };
 
 }  // namespace standalone

@@ -262,14 +262,27 @@ bool SqliteItemService::HasComponents(std::string_view item_id) {
 }
 
 std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
-  auto rs = RowsOf("Item", item_id);
+  // The row, and after its columns whether each collection has rows.
+  static const std::string kSql = [] {
+    std::string sql = "SELECT *";
+    for (const char* table : kCollectionTables) {
+      sql += ", EXISTS(SELECT 1 FROM " + std::string(table) + " AS C WHERE C.ItemID=Item.ItemID)";
+    }
+    return sql + " FROM Item WHERE ItemID=?";
+  }();
+  auto rs = db_.Query(kSql, {host::SqlValue::Text(item_id)});
   if (rs->Eof()) return nullptr;
   auto item = std::make_shared<Item>();
   item->ItemID = FieldConverter::ToText(rs->Fields("ItemID"));
   kItemColumns.Read(*rs, *item);
   item->Family.FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
+  Filled filled;
+  filled.item = true;
+  const int first_flag = rs->FieldCount() - kCollectionCount;
+  for (int i = 0; i < kCollectionCount; ++i) {
+    filled.collection[i] = FieldConverter::ToBoolean(rs->Fields(first_flag + i));
+  }
 
-  const Filled filled = CollectionsWithRows(item->ItemID);
   item->SellingPrices.rows =
       LoadRows(kPrices, filled, item->ItemID, "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);
   item->Suppliers = LoadRows(kSuppliers, filled, item->ItemID, "SupplierID", kSupplierColumns);
