@@ -503,8 +503,41 @@ std::string CStr(const Variant& value) {
   Raise(err::kTypeMismatch);
 }
 
+// The text of a number that is n / 10^k exactly (k up to 6, n of at most
+// 15 digits), as most amounts and quantities are: its 15 significant
+// digits are n's, so the text comes from n without the general rounding.
+// Nothing for another number, or one that is written with an exponent.
+std::optional<std::string> ShortDecimalText(double value, const std::string& decimal) {
+  const double magnitude = std::fabs(value);
+  if (magnitude < 1e-4 || magnitude >= 1e15) return std::nullopt;
+  double scale = 1;
+  for (size_t k = 0; k <= 6; ++k, scale *= 10) {
+    if (k > 0 && magnitude >= 1e9) break;
+    const double scaled = std::nearbyint(value * scale);
+    if (scaled / scale != value) continue;
+    const int64_t n = static_cast<int64_t>(scaled);
+    std::string digits = std::to_string(n < 0 ? -n : n);
+    if (digits.size() <= k) digits.insert(0, k + 1 - digits.size(), '0');
+    std::string_view whole(digits.data(), digits.size() - k);
+    std::string_view fraction(digits.data() + whole.size(), k);
+    while (!fraction.empty() && fraction.back() == '0') fraction.remove_suffix(1);
+    std::string text = n < 0 ? "-" : "";
+    text += whole;
+    if (!fraction.empty()) {
+      text += decimal;
+      text += fraction;
+    }
+    return text;
+  }
+  return std::nullopt;
+}
+
 std::string NumberText(double value) {
   if (!std::isfinite(value)) Raise(err::kOverflow);
+  if (std::optional<std::string> text =
+          ShortDecimalText(value, CurrentRegional().decimal_separator)) {
+    return *text;
+  }
   const Significant number = SignificantDigits(value);
   if (number.digits.empty()) return "0";  // -0 included
   const std::string& decimal = CurrentRegional().decimal_separator;

@@ -253,14 +253,18 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
     return previous_kind == Kind::kSymbol && previous == symbol;
   };
   result.text.reserve(sql.size());
+  // The text is copied in runs, up to each value taken out.
+  size_t copied = 0;
+  auto take_out = [&](size_t at, size_t end) {
+    result.text.append(sql.data() + copied, at - copied);
+    result.text += '?';
+    copied = end;
+  };
   Kind kind;
   for (size_t at = 0, end; at < sql.size(); at = end) {
     end = NextToken(sql, at, kind);
     std::string_view text = sql.substr(at, end - at);
-    if (kind == Kind::kBlank) {
-      result.text += text;
-      continue;
-    }
+    if (kind == Kind::kBlank) continue;
     if (!decided) {
       decided = true;
       is_dml = kind == Kind::kWord &&
@@ -282,12 +286,12 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
     bool in_list = !list_context.empty() && list_context.back();
     if (is_dml && kind == Kind::kString) {
       result.values.emplace_back(UnquoteText(text));
-      result.text += '?';
+      take_out(at, end);
     } else if (is_dml && kind == Kind::kNumber && !previous.empty() &&
                (IsComparison(previous_kind, previous) ||
                 (in_list && (previous_symbol("(") || previous_symbol(","))))) {
       result.values.push_back(NumberValue(std::string(text)));
-      result.text += '?';
+      take_out(at, end);
     } else {
       if (kind == Kind::kWord && SameWord(text, "VALUES")) {
         values_depth = list_context.size();
@@ -298,11 +302,11 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
       } else if (kind == Kind::kSymbol && text == ")") {
         if (!list_context.empty()) list_context.pop_back();
       }
-      result.text += text;
     }
     previous_kind = kind;
     previous = text;
   }
+  result.text.append(sql.data() + copied, sql.size() - copied);
   if (!is_dml) {
     result.text = std::string(sql);
     result.values.clear();

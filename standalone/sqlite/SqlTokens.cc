@@ -18,8 +18,6 @@ bool IsWordStart(char c) {
 
 bool IsWordPart(char c) { return IsWordStart(c) || IsDigit(c); }
 
-char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
 // The end of a quoted run that starts at `start` with `open` and ends with
 // `close`; a doubled closing character stays inside. An unclosed run ends
 // with the text.
@@ -39,14 +37,6 @@ size_t QuotedEnd(std::string_view sql, size_t start, char close) {
 }
 
 }  // namespace
-
-bool SameWord(std::string_view text, std::string_view word) {
-  if (text.size() != word.size()) return false;
-  for (size_t i = 0; i < word.size(); ++i) {
-    if (AsciiUpper(text[i]) != AsciiUpper(word[i])) return false;
-  }
-  return true;
-}
 
 bool SqlToken::IsWord(std::string_view word) const {
   return kind == Kind::kWord && SameWord(text, word);
@@ -104,10 +94,13 @@ size_t NextToken(std::string_view sql, size_t i, SqlToken::Kind& kind) {
     kind = SqlToken::Kind::kWord;
     return end;
   }
-  static constexpr std::string_view kTwoCharSymbols[] = {"<>", "<=", ">=", "!=", "||", "=="};
+  // The two-character symbols: <> <= >= != || ==.
   kind = SqlToken::Kind::kSymbol;
-  for (std::string_view symbol : kTwoCharSymbols) {
-    if (sql.substr(i, 2) == symbol) return i + 2;
+  if (i + 1 < sql.size()) {
+    char next = sql[i + 1];
+    bool pair = (c == '<' && (next == '>' || next == '=')) || (c == '>' && next == '=') ||
+                ((c == '!' || c == '=') && next == '=') || (c == '|' && next == '|');
+    if (pair) return i + 2;
   }
   return i + 1;
 }

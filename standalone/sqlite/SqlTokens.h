@@ -26,8 +26,19 @@ struct SqlToken {
   bool IsBlank() const { return kind == Kind::kBlank; }
 };
 
-// Whether a word's text is `word`, without regard to case.
-bool SameWord(std::string_view text, std::string_view word);
+// Whether a word's text is `word`, without regard to case (ASCII: the
+// words of a statement are). Inline: the scanners ask it of every word.
+inline bool SameWord(std::string_view text, std::string_view word) {
+  if (text.size() != word.size()) return false;
+  for (size_t i = 0; i < word.size(); ++i) {
+    char a = text[i];
+    char b = word[i];
+    if (a >= 'a' && a <= 'z') a = static_cast<char>(a - 'a' + 'A');
+    if (b >= 'a' && b <= 'z') b = static_cast<char>(b - 'a' + 'A');
+    if (a != b) return false;
+  }
+  return true;
+}
 
 // The token of the SQL text that starts at `start` (< sql.size()): sets
 // `kind` and returns where the token ends. Walking from 0 to the end token by

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "connector/host/Conversions.h"
 #include "connector/host/Regional.h"
@@ -120,6 +123,38 @@ TEST(TextConversion, NumbersAsText) {
     EXPECT_EQ(CStr(c.value), c.iso);
   }
   EXPECT_EQ(CStr(true), "True");
+}
+
+TEST(TextConversion, NumbersOfFewDecimalsAsTheGeneralRuleWritesThem) {
+  // Between 1E-4 and 1E+15 the text has 15 significant digits and no
+  // exponent, which is what printf's %.15g writes: every amount of up to
+  // six decimals (and its neighbours) must come out the same.
+  auto expected = [](double value) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.15g", value);
+    std::string written = text;
+    if (written == "-0") written = "0";
+    for (char& c : written) {
+      if (c == '.') c = ',';
+    }
+    return written;
+  };
+  std::vector<double> values;
+  for (int64_t n = -3000; n <= 3000; n += 7) {
+    for (double scale : {1.0, 10.0, 100.0, 1e3, 1e4, 1e6, 1e7}) {
+      values.push_back(static_cast<double>(n) / scale);
+      values.push_back(std::nextafter(static_cast<double>(n) / scale, 1e300));
+    }
+  }
+  for (double value : {999999999.999999, 123456789012345.0, 99999999999999.9, 1e-4, 0.00012,
+                       1.0 / 3, 2.675, 1e9 + 0.5, 0.1 + 0.7}) {
+    values.push_back(value);
+    values.push_back(-value);
+  }
+  for (double value : values) {
+    if (value != 0 && std::fabs(value) < 1e-4) continue;
+    EXPECT_EQ(NumberText(value), expected(value)) << value;
+  }
 }
 
 // Each date's text, which must also read back as the same date.
