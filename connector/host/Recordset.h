@@ -70,6 +70,9 @@ class Recordset {
   int32_t RecordCount() const;
   int FieldCount() const;
   const std::string& FieldName(int index) const;
+  // The columns, shared by the recordsets of one statement: a caller that
+  // reads many rows may find its fields' positions once.
+  const std::shared_ptr<const RecordsetColumns>& Columns() const { return columns_; }
   bool HasField(std::string_view name) const;
 
   // The value of a field in the current row.

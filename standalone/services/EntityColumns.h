@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -42,8 +43,12 @@ class EntityColumns {
   // The current row's columns into the entity's members.
   void Read(const host::Recordset& row, Entity& entity) const {
     using host::FieldConverter;
-    for (const Column& column : columns_) {
-      const host::Variant& value = row.Fields(column.name);
+    const std::vector<int>& positions = PositionsIn(row);
+    for (size_t i = 0; i < columns_.size(); ++i) {
+      const Column& column = columns_[i];
+      // A missing field raises as a read by name does.
+      const host::Variant& value =
+          positions[i] < 0 ? row.Fields(column.name) : row.Fields(positions[i]);
       std::visit(
           [&](auto member) {
             auto& field = entity.*member;
@@ -113,6 +118,29 @@ class EntityColumns {
   }
 
  private:
+  // The position of each column in the row's recordset, found once for the
+  // recordsets of one statement (they share their columns); the last found
+  // is kept, for the thread that asks.
+  const std::vector<int>& PositionsIn(const host::Recordset& row) const {
+    struct Found {
+      const EntityColumns* owner = nullptr;
+      std::shared_ptr<const host::RecordsetColumns>
+          columns;  // kept alive: no other can take its place
+      std::vector<int> positions;
+    };
+    thread_local Found found;
+    const auto& columns = row.Columns();
+    if (found.owner != this || found.columns != columns || !columns) {
+      found.owner = this;
+      found.columns = columns;
+      found.positions.clear();
+      for (const Column& column : columns_) {
+        found.positions.push_back(columns ? columns->IndexOf(column.name) : -1);
+      }
+    }
+    return found.positions;
+  }
+
   // Over the columns [first, end).
   bool SameIn(const Entity& a, const Entity& b, size_t first, size_t end) const {
     for (size_t i = first; i < end; ++i) {
