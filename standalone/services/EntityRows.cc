@@ -134,8 +134,8 @@ void EntityWriter::Run(const Write& write) {
   }
 }
 
-void EntityWriter::Gather(Kind kind, const host::SqlStatement& statement) {
-  Write write{kind, statement};
+void EntityWriter::Gather(Kind kind, host::SqlStatement statement) {
+  Write write{kind, std::move(statement)};
   if (gathering_) {
     gathered_.push_back(std::move(write));
   } else {
@@ -143,17 +143,19 @@ void EntityWriter::Gather(Kind kind, const host::SqlStatement& statement) {
   }
 }
 
-void EntityWriter::Insert(const host::SqlStatement& statement) {
+void EntityWriter::Insert(host::SqlStatement statement) {
   CheckLengths(statement);
-  Gather(Kind::kInsert, statement);
+  Gather(Kind::kInsert, std::move(statement));
 }
 
-void EntityWriter::Update(const host::SqlStatement& statement) {
+void EntityWriter::Update(host::SqlStatement statement) {
   CheckLengths(statement);
-  Gather(Kind::kUpdate, statement);
+  Gather(Kind::kUpdate, std::move(statement));
 }
 
-void EntityWriter::Delete(const host::SqlStatement& statement) { Gather(Kind::kDelete, statement); }
+void EntityWriter::Delete(host::SqlStatement statement) {
+  Gather(Kind::kDelete, std::move(statement));
+}
 
 bool EntityWriter::Rewrite(host::SqlStatement statement) {
   auto named = [&](const std::string& name) {
@@ -184,7 +186,7 @@ bool EntityWriter::Rewrite(host::SqlStatement statement) {
         break;
     }
   }
-  Update(statement);
+  Update(std::move(statement));
   return true;
 }
 

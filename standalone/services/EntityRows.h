@@ -53,9 +53,10 @@ class EntityWriter {
   // not see them. A nested call is part of the outer one.
   void Atomically(const std::function<void()>& writes);
 
-  void Insert(const host::SqlStatement& statement);
-  void Update(const host::SqlStatement& statement);
-  void Delete(const host::SqlStatement& statement);
+  // Each takes the statement (a caller done with it moves it in).
+  void Insert(host::SqlStatement statement);
+  void Update(host::SqlStatement statement);
+  void Delete(host::SqlStatement statement);
   // Writes over the one row that the statement's keys name as deleting it
   // and inserting the keys and columns would: every other column takes its
   // default. False, with nothing written, when a default is no plain value
@@ -69,7 +70,7 @@ class EntityWriter {
     host::SqlStatement statement;
   };
   void Run(const Write& write);
-  void Gather(Kind kind, const host::SqlStatement& statement);
+  void Gather(Kind kind, host::SqlStatement statement);
 
   struct TableInfo {
     // The declared length of each text column that has one.

@@ -92,17 +92,17 @@ void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
     kCustomerColumns.Write(customer, row);
     if (customer_exists) {
       row.KeyNumber("CustomerID", customer_id);
-      writer_.Update(row);
+      writer_.Update(std::move(row));
     } else {
       row.Number("CustomerID", customer_id);
-      writer_.Insert(row);
+      writer_.Insert(std::move(row));
       if (!RowExists(db_, "Party", "PartyID", customer_id)) {
         host::SqlStatement party;
         party.SetTable("Party");
         party.Number("PartyID", customer_id);
         party.Number("PartyType", kCustomerPartyKind);
         SetDate(party, "CreationDate", customer.CreationDate);
-        writer_.Insert(party);
+        writer_.Insert(std::move(party));
       }
     }
     host::SqlStatement address;
@@ -111,11 +111,11 @@ void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
     if (address_exists) {
       address.KeyNumber("PartyID", customer_id);
       address.KeyNumber("AddressID", customer.AddressID);
-      writer_.Update(address);
+      writer_.Update(std::move(address));
     } else {
       address.Number("PartyID", customer_id);
       address.Number("AddressID", customer.AddressID);
-      writer_.Insert(address);
+      writer_.Insert(std::move(address));
     }
   });
 }

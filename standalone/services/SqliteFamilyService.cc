@@ -85,21 +85,21 @@ void SqliteFamilyService::Save(const host::Family& family, double family_id) {
   writer_.Atomically([&] {
     if (exists) {
       row.KeyNumber("FamilyID", family_id);
-      writer_.Update(row);
+      writer_.Update(std::move(row));
     } else {
       row.Number("FamilyID", family_id);
-      writer_.Insert(row);
+      writer_.Insert(std::move(row));
     }
     host::SqlStatement levels;
     levels.SetTable("FamilyProfitRate");
     levels.KeyNumber("FamilyID", family_id);
-    writer_.Delete(levels);
+    writer_.Delete(std::move(levels));
     for (const FamilyLevelRow& level : family.LevelRows) {
       host::SqlStatement insert;
       insert.SetTable("FamilyProfitRate");
       insert.Number("FamilyID", family_id);
       kLevelColumns.Write(level, insert);
-      writer_.Insert(insert);
+      writer_.Insert(std::move(insert));
     }
   });
 }

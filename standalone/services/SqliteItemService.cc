@@ -171,14 +171,14 @@ void SqliteItemService::WriteRows(Collection collection, std::string_view item_i
     host::SqlStatement existing;
     existing.SetTable(table);
     existing.KeyText("ItemID", item_id);
-    writer_.Delete(existing);
+    writer_.Delete(std::move(existing));
   }
   for (const Row& row : rows) {
     host::SqlStatement insert;
     insert.SetTable(table);
     insert.Text("ItemID", item_id);
     columns.Write(row, insert);
-    writer_.Insert(insert);
+    writer_.Insert(std::move(insert));
   }
 }
 
@@ -198,7 +198,7 @@ bool SqliteItemService::RewriteInPlace(const char* table, std::string_view item_
     columns.WriteInPlace(rows[i], row);
     // The defaults are the table's: a refusal comes at the first row, before
     // anything is written, and then the whole collection is replaced.
-    if (!writer_.Rewrite(row)) return false;
+    if (!writer_.Rewrite(std::move(row))) return false;
   }
   return true;
 }
@@ -338,10 +338,10 @@ void SqliteItemService::Save(const Item& item) {
       }
       if (exists) {
         row.KeyText("ItemID", item.ItemID);
-        writer_.Update(row);
+        writer_.Update(std::move(row));
       } else {
         row.Text("ItemID", item.ItemID);
-        writer_.Insert(row);
+        writer_.Insert(std::move(row));
       }
     }
     // Each collection's rows as read, while its table stands still.

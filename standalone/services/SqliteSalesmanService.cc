@@ -53,10 +53,10 @@ void SqliteSalesmanService::Save(const Salesman& salesman, double salesman_id) {
   kSalesmanColumns.Write(salesman, statement);
   if (RowExists(db_, "Salesman", "SalesmanID", salesman_id)) {
     statement.KeyNumber("SalesmanID", salesman_id);
-    writer_.Update(statement);
+    writer_.Update(std::move(statement));
   } else {
     statement.Number("SalesmanID", salesman_id);
-    writer_.Insert(statement);
+    writer_.Insert(std::move(statement));
   }
 }
 
