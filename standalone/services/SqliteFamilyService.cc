@@ -34,19 +34,11 @@ double SqliteFamilyService::GetIDFromKey(std::string_view family_key) {
   // The empty key is a key like another: the root that a load without its
   // key leaves is found by it.
   std::optional<int64_t> counter = db_.ChangeCounter("Family");
-  if (!counter || counter != ids_counter_) {
-    ids_.clear();
-    ids_counter_ = counter;
-  }
-  std::string key(family_key);
-  if (counter) {
-    auto found = ids_.find(key);
-    if (found != ids_.end()) return found->second;
-  }
+  if (std::optional<double> id = ids_.Find(counter, family_key)) return *id;
   auto rs = db_.Query("SELECT TOP 1 FamilyID FROM Family WHERE FamilyKey=? ORDER BY FamilyID",
                       {host::SqlValue::Text(family_key)});
   double id = rs->Eof() ? 0 : FieldConverter::ToNumber(rs->Fields(0));
-  if (counter) ids_.emplace(std::move(key), id);
+  ids_.Put(counter, std::string(family_key), id);
   return id;
 }
 

@@ -8,6 +8,7 @@
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
 #include "standalone/services/EntityRows.h"
+#include "standalone/services/KeyIdCache.h"
 
 namespace standalone {
 
@@ -26,10 +27,7 @@ class SqliteFamilyService : public host::FamilyService {
  private:
   host::DatabaseService& db_;
   EntityWriter writer_;
-  // The ids of the keys looked up, while the table Family stands still at
-  // `ids_counter_` (one item after another names the same few families).
-  std::unordered_map<std::string, double> ids_;
-  std::optional<int64_t> ids_counter_;
+  KeyIdCache<double> ids_;
 };
 
 }  // namespace standalone

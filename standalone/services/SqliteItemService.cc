@@ -240,13 +240,11 @@ std::string SqliteItemService::GetKey(std::string_view item_id) {
 std::string SqliteItemService::GetItemIDFromKey(std::string_view item_key) {
   if (item_key.empty()) return "";
   std::optional<int64_t> counter = db_.ChangeCounter("Item");
-  if (counter && looked_up_ && looked_up_->counter == *counter && looked_up_->key == item_key) {
-    return looked_up_->id;
-  }
+  if (std::optional<std::string> id = ids_.Find(counter, item_key)) return *id;
   auto rs = db_.Query("SELECT TOP 1 ItemID FROM Item WHERE ItemKey=? ORDER BY ItemID",
                       {host::SqlValue::Text(item_key)});
   std::string id = rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
-  if (counter) looked_up_ = LookedUp{std::string(item_key), id, *counter};
+  ids_.Put(counter, std::string(item_key), id);
   return id;
 }
 
@@ -370,12 +368,7 @@ void SqliteItemService::Save(const Item& item) {
   });
   loaded_.reset();
   keys_[item.ItemID] = item.ItemKey;
-  // The save changed this item's rows alone: a key looked up before it still
-  // finds the same id, unless it found this item or the save gave this item
-  // that key.
-  if (looked_up_ && looked_up_->id != item.ItemID && looked_up_->key != item.ItemKey) {
-    KeepLookUpAcross(counter_before);
-  }
+  ids_.Saved(counter_before, db_.ChangeCounter("Item"), item.ItemID, item.ItemKey);
 }
 
 void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
@@ -387,11 +380,6 @@ void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
               kPriceColumns);
   });
   loaded_.reset();
-}
-
-void SqliteItemService::KeepLookUpAcross(std::optional<int64_t> counter_before) {
-  if (!counter_before || looked_up_->counter != *counter_before) return;
-  if (std::optional<int64_t> counter = db_.ChangeCounter("Item")) looked_up_->counter = *counter;
 }
 
 }  // namespace standalone

@@ -11,6 +11,7 @@
 #include "connector/host/EntityServices.h"
 #include "standalone/services/EntityColumns.h"
 #include "standalone/services/EntityRows.h"
+#include "standalone/services/KeyIdCache.h"
 
 namespace standalone {
 
@@ -89,14 +90,6 @@ class SqliteItemService : public host::ItemService {
     std::array<bool, kCollectionCount> collection{};
     bool all = false;  // the row and every collection
   };
-  struct LookedUp {
-    std::string key;
-    std::string id;
-    int64_t counter;
-  };
-  // After a save of the service's own that changed nothing but one item's
-  // rows: the last key looked up stays trusted if it was before the save.
-  void KeepLookUpAcross(std::optional<int64_t> counter_before);
   Counters CountersNow() const;
   // Of the last item loaded, when it is `item_id`, what is unchanged since.
   Trusted TrustedFor(std::string_view item_id) const;
@@ -104,7 +97,7 @@ class SqliteItemService : public host::ItemService {
   host::DatabaseService& db_;
   EntityWriter writer_;
   std::optional<Loaded> loaded_;
-  std::optional<LookedUp> looked_up_;
+  KeyIdCache<std::string> ids_;
   std::unordered_map<std::string, std::string> keys_;
   std::vector<double> price_lines_;
   bool price_lines_read_ = false;

@@ -1,0 +1,77 @@
+#ifndef LUMARO_STANDALONE_SERVICES_KEY_ID_CACHE_H_
+#define LUMARO_STANDALONE_SERVICES_KEY_ID_CACHE_H_
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace standalone {
+
+// The ids that keys were found to have (`Id{}` for none), kept for as long
+// as the table's change counter (DatabaseService::ChangeCounter) stands
+// where it was when they were found, and across the saves of the caller's
+// own that it tells about. A record after record of an import names the
+// same few families, and each pass over the file the same items again.
+template <typename Id>
+class KeyIdCache {
+ public:
+  // The id found for `key`, when the table has not moved since.
+  std::optional<Id> Find(std::optional<int64_t> counter, std::string_view key) {
+    Follow(counter);
+    if (!counter_) return std::nullopt;
+    auto found = id_of_key_.find(std::string(key));
+    if (found == id_of_key_.end()) return std::nullopt;
+    return found->second;
+  }
+
+  void Put(std::optional<int64_t> counter, std::string key, Id id) {
+    Follow(counter);
+    if (!counter_) return;
+    if (id != Id{}) key_of_id_[id] = key;
+    id_of_key_[std::move(key)] = std::move(id);
+  }
+
+  // The caller saved one row of the table, `id`'s, which now has `key`;
+  // the counter stood at `before` and stands at `after`. What the save may
+  // have changed is forgotten: the id's former key and the key it has now
+  // (another row may have had it, with an id that no longer comes first).
+  void Saved(std::optional<int64_t> before, std::optional<int64_t> after, const Id& id,
+             const std::string& key) {
+    Follow(before);
+    auto former = key_of_id_.find(id);
+    if (former != key_of_id_.end()) {
+      id_of_key_.erase(former->second);
+      key_of_id_.erase(former);
+    }
+    auto taken = id_of_key_.find(key);
+    if (taken != id_of_key_.end()) {
+      key_of_id_.erase(taken->second);
+      id_of_key_.erase(taken);
+    }
+    counter_ = before ? after : std::nullopt;
+    if (!counter_) Clear();
+  }
+
+ private:
+  // Forgets everything once the table moved.
+  void Follow(std::optional<int64_t> counter) {
+    if (counter && counter == counter_) return;
+    Clear();
+    counter_ = counter;
+  }
+
+  void Clear() {
+    id_of_key_.clear();
+    key_of_id_.clear();
+  }
+
+  std::optional<int64_t> counter_;
+  std::unordered_map<std::string, Id> id_of_key_;
+  std::unordered_map<Id, std::string> key_of_id_;
+};
+
+}  // namespace standalone
+
+#endif  // LUMARO_STANDALONE_SERVICES_KEY_ID_CACHE_H_
