@@ -81,6 +81,16 @@ class EntityColumns {
     return true;
   }
 
+  // Calls `visit(name, text)` for each text column, in order.
+  template <typename Visit>
+  void ForEachText(const Entity& entity, Visit visit) const {
+    for (const Column& column : columns_) {
+      if (const auto* member = std::get_if<std::string Entity::*>(&column.member)) {
+        visit(column.name, entity.**member);
+      }
+    }
+  }
+
   // The entity's members into the statement's columns.
   void Write(const Entity& entity, host::SqlStatement& statement) const {
     WriteFrom(0, columns_.size(), entity, statement);

@@ -160,10 +160,10 @@ void EntityWriter::Delete(host::SqlStatement statement) {
 bool EntityWriter::Rewrite(host::SqlStatement statement) {
   auto named = [&](const std::string& name) {
     for (const auto& column : statement.Columns()) {
-      if (column.name == name) return true;
+      if (host::EqualsNoCase(column.name, name)) return true;
     }
     for (const auto& key : statement.Keys()) {
-      if (key.name == name) return true;
+      if (host::EqualsNoCase(key.name, name)) return true;
     }
     return false;
   };
@@ -205,18 +205,23 @@ const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
 }
 
 void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
-  const auto& lengths = Info(statement.Table()).lengths;
   for (const auto& column : statement.Columns()) {
-    if (column.kind != host::SqlStatement::Kind::kText) continue;
-    auto limit = lengths.find(column.name);
-    if (limit == lengths.end() || column.text.size() <= limit->second) continue;
-    if (host::Len(column.text) > limit->second) {
-      host::RaiseWith(kDataTruncated,
-                      "String or binary data would be truncated: " + statement.Table() + "." +
-                          column.name + " holds at most " + std::to_string(limit->second) +
-                          " characters",
-                      "EntityService");
+    if (column.kind == host::SqlStatement::Kind::kText) {
+      CheckText(statement.Table(), column.name, column.text);
     }
+  }
+}
+
+void EntityWriter::CheckText(const std::string& table, const std::string& column,
+                             const std::string& text) {
+  const auto& lengths = Info(table).lengths;
+  auto limit = lengths.find(column);
+  if (limit == lengths.end() || text.size() <= limit->second) return;
+  if (host::Len(text) > limit->second) {
+    host::RaiseWith(kDataTruncated,
+                    "String or binary data would be truncated: " + table + "." + column +
+                        " holds at most " + std::to_string(limit->second) + " characters",
+                    "EntityService");
   }
 }
 

@@ -62,6 +62,9 @@ class EntityWriter {
   // default. False, with nothing written, when a default is no plain value
   // (an expression), and the caller must delete and insert.
   bool Rewrite(host::SqlStatement statement);
+  // Refuses, as Insert and Update do, a text longer than its column: for a
+  // caller that writes only part of an entity but must refuse it whole.
+  void CheckText(const std::string& table, const std::string& column, const std::string& text);
 
  private:
   enum class Kind { kInsert, kUpdate, kDelete };

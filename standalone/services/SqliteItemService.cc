@@ -317,6 +317,9 @@ void SqliteItemService::Save(const Item& item) {
   const Filled filled = trusted.all ? Filled{} : CollectionsWithRows(item.ItemID);
   const bool exists = trusted.row || filled.item;
   const std::optional<int64_t> counter_before = db_.ChangeCounter("Item");
+  // A save that writes only what changed refuses what a save of every row
+  // would refuse: a text too long for its column, wherever it is.
+  CheckWhole(item, exists);
   writer_.Atomically([&] {
     const Item* loaded = trusted.row ? trusted.item : nullptr;
     bool row_unchanged = loaded != nullptr && kItemColumns.Same(item, *loaded) &&
@@ -371,9 +374,36 @@ void SqliteItemService::Save(const Item& item) {
   ids_.Saved(counter_before, db_.ChangeCounter("Item"), item.ItemID, item.ItemKey);
 }
 
+template <typename Row>
+void SqliteItemService::CheckRows(Collection collection, const std::string& item_id,
+                                  const std::vector<Row>& rows, const EntityColumns<Row>& columns) {
+  const std::string table = kCollectionTables[collection];
+  for (const Row& row : rows) {
+    writer_.CheckText(table, "ItemID", item_id);
+    columns.ForEachText(row, [&](const char* column, const std::string& text) {
+      writer_.CheckText(table, column, text);
+    });
+  }
+}
+
+void SqliteItemService::CheckWhole(const Item& item, bool exists) {
+  const std::string table = "Item";
+  kItemColumns.ForEachText(item, [&](const char* column, const std::string& text) {
+    writer_.CheckText(table, column, text);
+  });
+  if (!exists) writer_.CheckText(table, "ItemID", item.ItemID);
+  CheckRows(kPrices, item.ItemID, item.SellingPrices.rows, kPriceColumns);
+  CheckRows(kSuppliers, item.ItemID, item.Suppliers, kSupplierColumns);
+  CheckRows(kBarcodes, item.ItemID, item.Barcodes.rows, kBarcodeColumns);
+  CheckRows(kComponents, item.ItemID, item.Components.rows, kComponentColumns);
+  CheckRows(kAlternatives, item.ItemID, item.Alternatives.rows, kAlternativeColumns);
+  CheckRows(kPropertyTable, item.ItemID, item.PropertyTable, kPropertyValueColumns);
+}
+
 void SqliteItemService::SaveSellingPrices(const host::ItemSellingPrices& prices,
                                           std::string_view item_id) {
   const Trusted trusted = TrustedFor(item_id);
+  CheckRows(kPrices, std::string(item_id), prices.rows, kPriceColumns);
   writer_.Atomically([&] {
     WriteRows(kPrices, item_id, prices.rows,
               trusted.collection[kPrices] ? &trusted.item->SellingPrices.rows : nullptr, true,

@@ -91,6 +91,12 @@ class SqliteItemService : public host::ItemService {
     bool all = false;  // the row and every collection
   };
   Counters CountersNow() const;
+  // Raise as the writes of every row of the item (of the collection) would
+  // for a text too long for its column.
+  void CheckWhole(const host::Item& item, bool exists);
+  template <typename Row>
+  void CheckRows(Collection collection, const std::string& item_id, const std::vector<Row>& rows,
+                 const EntityColumns<Row>& columns);
   // Of the last item loaded, when it is `item_id`, what is unchanged since.
   Trusted TrustedFor(std::string_view item_id) const;
 

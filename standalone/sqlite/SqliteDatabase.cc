@@ -427,7 +427,8 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* sta
     // SQLite prepares a statement again after the schema changed, which may
     // change its columns (SELECT * after a column was added).
     if (found != result_columns_.end() &&
-        static_cast<int>(found->second.kinds.size()) == column_count) {
+        static_cast<int>(found->second.kinds.size()) == column_count &&
+        found->second.prepared == sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0)) {
       return found->second;
     }
   }
@@ -440,6 +441,7 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* sta
     columns.kinds.push_back(static_cast<int>(KindOf(sqlite3_column_decltype(statement, c))));
   }
   columns.names = std::make_shared<const host::RecordsetColumns>(std::move(names));
+  columns.prepared = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
   if (!cached) {
     one_shot_columns_ = std::move(columns);
     return one_shot_columns_;
@@ -464,19 +466,19 @@ host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view
   } catch (...) {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
-    AfterStatement(statement, sql, true);
+    AfterStatement(statement, true, false);
     throw;
   }
   if (rc != SQLITE_DONE) {
     std::string message = sqlite3_errmsg(db_);
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
-    AfterStatement(statement, sql, true);
+    AfterStatement(statement, true, false);
     host::RaiseWith(host::err::kSqlRefused, message + " (SQL: " + Shortened(sql) + ")", kSource);
   }
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
-  AfterStatement(statement, sql, false);
+  AfterStatement(statement, false, false);
   if (column_count == 0) return std::make_shared<host::Recordset>();
   return std::make_shared<host::Recordset>(columns.names, std::move(rows));
 }
@@ -490,7 +492,7 @@ void SqliteDatabase::ExecuteOne(const std::string& sqlite_sql) {
   }
   int rc = sqlite3_step(statement);
   sqlite3_reset(statement);
-  AfterStatement(statement, sqlite_sql, rc != SQLITE_DONE && rc != SQLITE_ROW);
+  AfterStatement(statement, rc != SQLITE_DONE && rc != SQLITE_ROW, true);
   if (rc != SQLITE_DONE && rc != SQLITE_ROW) {
     host::RaiseWith(host::err::kSqlRefused,
                     std::string(sqlite3_errmsg(db_)) + " (SQL: " + Shortened(sqlite_sql) + ")",
@@ -502,7 +504,7 @@ void SqliteDatabase::Execute(std::string_view sqlite_sql) {
   std::string text(sqlite_sql);
   char* error = nullptr;
   int rc = sqlite3_exec(db_, text.c_str(), nullptr, nullptr, &error);
-  AfterStatement(nullptr, sqlite_sql, rc != SQLITE_OK);
+  AfterStatement(nullptr, rc != SQLITE_OK, false);
   if (rc != SQLITE_OK) {
     std::string message = error != nullptr ? error : sqlite3_errstr(rc);
     sqlite3_free(error);
@@ -529,21 +531,35 @@ void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {
 
 std::optional<int64_t> SqliteDatabase::ChangeCounter(std::string_view table) const {
   // Outside a transaction another connection may write at any moment.
-  if (db_ == nullptr || transaction_depth_ == 0) return std::nullopt;
+  // Nor after SQLite ended one by itself (a full disk, an I/O error).
+  if (db_ == nullptr || transaction_depth_ == 0 || sqlite3_get_autocommit(db_) != 0) {
+    return std::nullopt;
+  }
   return transaction_events_ + row_changes_.Of(table);
 }
 
-void SqliteDatabase::AfterStatement(sqlite3_stmt* statement, std::string_view sql, bool failed) {
-  bool all_seen = row_changes_.AllSeen();
-  // A statement that writes but is no INSERT, UPDATE or DELETE (a CREATE,
-  // DROP, ALTER, a PRAGMA) may change rows the hook does not report.
-  bool other_write = statement == nullptr;
-  if (!other_write && sqlite3_stmt_readonly(statement) == 0) {
-    std::string_view first = sql.substr(0, sql.find_first_of(" \t\r\n("));
-    other_write = !(SameWord(first, "INSERT") || SameWord(first, "UPDATE") ||
-                    SameWord(first, "DELETE") || SameWord(first, "REPLACE"));
+void SqliteDatabase::AfterStatement(sqlite3_stmt* statement, bool failed, bool own) {
+  bool moved = !row_changes_.AllSeen() || failed || statement == nullptr;
+  if (!moved && !own) {
+    // Judged by its own text (one of several in the caller's): a statement
+    // that writes but is no INSERT, UPDATE or DELETE (a CREATE, DROP, ALTER,
+    // a PRAGMA) may change rows the hook does not report, and one that ends
+    // or rolls back a transaction takes changes back unseen.
+    std::string_view text = sqlite3_sql(statement);
+    size_t start = text.find_first_not_of(" \t\r\n");
+    text = start == std::string_view::npos ? std::string_view() : text.substr(start);
+    std::string_view first = text.substr(0, text.find_first_of(" \t\r\n(;"));
+    auto is = [&](std::initializer_list<std::string_view> words) {
+      for (std::string_view word : words) {
+        if (SameWord(first, word)) return true;
+      }
+      return false;
+    };
+    moved =
+        is({"BEGIN", "COMMIT", "END", "ROLLBACK", "SAVEPOINT", "RELEASE"}) ||
+        (sqlite3_stmt_readonly(statement) == 0 && !is({"INSERT", "UPDATE", "DELETE", "REPLACE"}));
   }
-  if (failed || !all_seen || other_write) ++transaction_events_;
+  if (moved) ++transaction_events_;
 }
 
 void SqliteDatabase::BeginTrans() {

@@ -106,6 +106,7 @@ class SqliteDatabase : public host::DatabaseService {
   struct ResultColumns {
     std::shared_ptr<const host::RecordsetColumns> names;
     std::vector<int> kinds;
+    int prepared = 0;  // times SQLite had prepared the statement again
   };
   // Read once for a cached statement (`cached`), afresh for another.
   const ResultColumns& ColumnsOf(sqlite3_stmt* statement, bool cached);
@@ -119,7 +120,9 @@ class SqliteDatabase : public host::DatabaseService {
   void Execute(std::string_view sqlite_sql);
   // Keeps ChangeCounter true after a statement (nullptr: a script of any
   // statements) has run or failed.
-  void AfterStatement(sqlite3_stmt* statement, std::string_view sql, bool failed);
+  // `own`: one of the transactions' own statements, which BeginTrans,
+  // CommitTrans and RollbackTrans account for.
+  void AfterStatement(sqlite3_stmt* statement, bool failed, bool own);
   // One statement, prepared once and kept: the transactions' own statements,
   // run for every save.
   void ExecuteOne(const std::string& sqlite_sql);

@@ -9,10 +9,13 @@
 
 #include "connector/host/ItemEntity.h"
 #include "standalone/services/SqliteItemService.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/support/TestHost.h"
 
 namespace standalone {
 namespace {
+
+using host::RaisedNumber;
 
 class ItemServiceTrust : public ::testing::Test {
  protected:
@@ -138,6 +141,19 @@ TEST_F(ItemServiceTrust, APriceWrittenInPlaceEndsAsAReplacedOneWould) {
   EXPECT_EQ(host_.Rows("SELECT PriceLineID || ':' || WorkstationID || ',' || UserAlt || ',' || "
                        "ifnull(DtAlt, 'null') FROM ItemSellingPrices ORDER BY PriceLineID"),
             "1:7,3,2026-01-01 00:00:00,2:0,0,null");
+}
+
+TEST_F(ItemServiceTrust, ATextTooLongAnywhereInTheItemRefusesTheSave) {
+  // Another writer left a text longer than its column; the save changes
+  // another column only, and is refused all the same, as a save of every
+  // row is.
+  host_.Exec("UPDATE Item SET ShortDescription = '" + std::string(60, 'x') + "'");
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");
+  item->Description = "Outro";
+  EXPECT_EQ(RaisedNumber([&] { items_.Save(*item); }), -2147217833);
+  host_.Db().CommitTrans();
+  EXPECT_EQ(host_.Scalar("SELECT Description FROM Item WHERE ItemID = 'A1'"), "Artigo");
 }
 
 }  // namespace
