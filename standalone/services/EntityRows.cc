@@ -42,6 +42,17 @@ std::optional<host::SqlValue> DefaultValue(const host::Variant& declared) {
   return std::nullopt;
 }
 
+// Column names as SQL matches them: without regard to (ASCII) case.
+bool SameColumnName(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    char x = a[i] >= 'a' && a[i] <= 'z' ? static_cast<char>(a[i] - 'a' + 'A') : a[i];
+    char y = b[i] >= 'a' && b[i] <= 'z' ? static_cast<char>(b[i] - 'a' + 'A') : b[i];
+    if (x != y) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 double IdFromKey(host::DatabaseService& db, std::string_view table, std::string_view id_column,
@@ -160,10 +171,10 @@ void EntityWriter::Delete(host::SqlStatement statement) {
 bool EntityWriter::Rewrite(host::SqlStatement statement) {
   auto named = [&](const std::string& name) {
     for (const auto& column : statement.Columns()) {
-      if (host::EqualsNoCase(column.name, name)) return true;
+      if (SameColumnName(column.name, name)) return true;
     }
     for (const auto& key : statement.Keys()) {
-      if (host::EqualsNoCase(key.name, name)) return true;
+      if (SameColumnName(key.name, name)) return true;
     }
     return false;
   };
