@@ -503,19 +503,28 @@ std::string CStr(const Variant& value) {
   Raise(err::kTypeMismatch);
 }
 
-// The text of a number that is n / 10^k exactly (k up to 6, n of at most
-// 15 digits), as most amounts and quantities are: its 15 significant
-// digits are n's, so the text comes from n without the general rounding.
-// Nothing for another number, or one that is written with an exponent.
-std::optional<std::string> ShortDecimalText(double value, const std::string& decimal) {
+std::optional<ShortDecimal> AsShortDecimal(double value) {
   const double magnitude = std::fabs(value);
-  if (magnitude < 1e-4 || magnitude >= 1e15) return std::nullopt;
+  if (!(magnitude < 1e15)) return std::nullopt;
   double scale = 1;
-  for (size_t k = 0; k <= 6; ++k, scale *= 10) {
+  for (int k = 0; k <= 6; ++k, scale *= 10) {
     if (k > 0 && magnitude >= 1e9) break;
     const double scaled = std::nearbyint(value * scale);
-    if (scaled / scale != value) continue;
-    const int64_t n = static_cast<int64_t>(scaled);
+    if (scaled / scale == value) return ShortDecimal{static_cast<int64_t>(scaled), k};
+  }
+  return std::nullopt;
+}
+
+namespace {
+
+// The text of a short decimal (AsShortDecimal) from its digits, without the
+// general rounding. Nothing for another number, or one written with an
+// exponent.
+std::optional<std::string> ShortDecimalText(double value, const std::string& decimal) {
+  if (std::fabs(value) < 1e-4) return std::nullopt;  // written with an exponent
+  if (std::optional<ShortDecimal> exact = AsShortDecimal(value)) {
+    const int64_t n = exact->n;
+    const size_t k = static_cast<size_t>(exact->decimals);
     std::string digits = std::to_string(n < 0 ? -n : n);
     if (digits.size() <= k) digits.insert(0, k + 1 - digits.size(), '0');
     std::string_view whole(digits.data(), digits.size() - k);
@@ -531,6 +540,8 @@ std::optional<std::string> ShortDecimalText(double value, const std::string& dec
   }
   return std::nullopt;
 }
+
+}  // namespace
 
 std::string NumberText(double value) {
   if (!std::isfinite(value)) Raise(err::kOverflow);

@@ -6,6 +6,7 @@
 // nowhere else, so that numbers, dates and truth values read and write alike.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,17 @@ double RoundHalfEven(double value);
 // double stands for (its 15 significant digits): 1.23615 gives 1.2362 at 4
 // places, although the nearest double lies just below the half.
 double RoundDecimal(double value, int decimals);
+
+// A number that is n / 10^decimals exactly, with up to 6 decimals and n of
+// at most 15 digits (under 1E+15 when whole, under 1E+9 else), as most
+// amounts and quantities are: its 15 significant digits are n's, so its text
+// is written from n and reads back as this very double. Nothing for
+// another number.
+struct ShortDecimal {
+  int64_t n;
+  int decimals;
+};
+std::optional<ShortDecimal> AsShortDecimal(double value);
 
 // To 16-bit / 32-bit integer (CInt, CLng): round half to even; raises 6
 // "Overflow" out of range, 13 "Type mismatch" for text that is no number,

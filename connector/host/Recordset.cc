@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "connector/host/AsciiNames.h"
 #include "connector/host/Error.h"
 #include "connector/host/RecordsetCriteria.h"
 #include "connector/host/Text.h"
@@ -18,30 +19,7 @@ bool IsAscii(std::string_view text) {
   return true;
 }
 
-char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-// Plain ASCII names, compared without regard to case.
-bool SameAsciiName(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (a[i] != b[i] && AsciiUpper(a[i]) != AsciiUpper(b[i])) return false;
-  }
-  return true;
-}
-
 }  // namespace
-
-size_t RecordsetColumns::NoCaseHash::operator()(std::string_view name) const {
-  size_t hash = 14695981039346656037ull;
-  for (char c : name) {
-    hash = (hash ^ static_cast<unsigned char>(AsciiUpper(c))) * 1099511628211ull;
-  }
-  return hash;
-}
-
-bool RecordsetColumns::NoCaseEqual::operator()(std::string_view a, std::string_view b) const {
-  return SameAsciiName(a, b);
-}
 
 RecordsetColumns::RecordsetColumns(std::vector<std::string> names) : names_(std::move(names)) {
   for (const std::string& name : names_) all_ascii_ = all_ascii_ && IsAscii(name);

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "connector/host/AsciiNames.h"
 #include "connector/host/Variant.h"
 
 namespace host {
@@ -24,19 +25,10 @@ class RecordsetColumns {
   int IndexOf(std::string_view name) const;  // -1 when absent
 
  private:
-  struct NoCaseHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view name) const;
-  };
-  struct NoCaseEqual {
-    using is_transparent = void;
-    bool operator()(std::string_view a, std::string_view b) const;
-  };
-
   std::vector<std::string> names_;
   // Plain ASCII names by name; empty when a name is not plain ASCII, which
   // the slow way compares as Unicode.
-  std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> ascii_index_;
+  std::unordered_map<std::string, int, AsciiNoCaseHash, AsciiNoCaseEqual> ascii_index_;
   bool all_ascii_ = true;
 };
 

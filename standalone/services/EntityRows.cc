@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "connector/host/AsciiNames.h"
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
@@ -40,17 +41,6 @@ std::optional<host::SqlValue> DefaultValue(const host::Variant& declared) {
   double number = std::strtod(text.c_str(), &end);
   if (!text.empty() && end == text.c_str() + text.size()) return host::SqlValue::Number(number);
   return std::nullopt;
-}
-
-// Column names as SQL matches them: without regard to (ASCII) case.
-bool SameColumnName(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    char x = a[i] >= 'a' && a[i] <= 'z' ? static_cast<char>(a[i] - 'a' + 'A') : a[i];
-    char y = b[i] >= 'a' && b[i] <= 'z' ? static_cast<char>(b[i] - 'a' + 'A') : b[i];
-    if (x != y) return false;
-  }
-  return true;
 }
 
 }  // namespace
@@ -171,10 +161,10 @@ void EntityWriter::Delete(host::SqlStatement statement) {
 bool EntityWriter::Rewrite(host::SqlStatement statement) {
   auto named = [&](const std::string& name) {
     for (const auto& column : statement.Columns()) {
-      if (SameColumnName(column.name, name)) return true;
+      if (host::SameAsciiNoCase(column.name, name)) return true;
     }
     for (const auto& key : statement.Keys()) {
-      if (SameColumnName(key.name, name)) return true;
+      if (host::SameAsciiNoCase(key.name, name)) return true;
     }
     return false;
   };

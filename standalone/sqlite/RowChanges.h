@@ -6,6 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "connector/host/AsciiNames.h"
+
 struct sqlite3;
 
 namespace standalone {
@@ -29,28 +31,9 @@ class RowChanges {
   static void OnChange(void* self, int operation, const char* database, const char* table,
                        int64_t rowid);
 
-  // Table names, as SQL has them, without regard to (ASCII) case.
-  static char Fold(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-  struct NameHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view name) const {
-      size_t hash = 14695981039346656037ull;
-      for (char c : name) hash = (hash ^ static_cast<unsigned char>(Fold(c))) * 1099511628211ull;
-      return hash;
-    }
-  };
-  struct NameEqual {
-    using is_transparent = void;
-    bool operator()(std::string_view a, std::string_view b) const {
-      if (a.size() != b.size()) return false;
-      for (size_t i = 0; i < a.size(); ++i) {
-        if (Fold(a[i]) != Fold(b[i])) return false;
-      }
-      return true;
-    }
-  };
   sqlite3* db_ = nullptr;
-  std::unordered_map<std::string, int64_t, NameHash, NameEqual> by_table_;
+  // Table names, as SQL has them, without regard to case.
+  std::unordered_map<std::string, int64_t, host::AsciiNoCaseHash, host::AsciiNoCaseEqual> by_table_;
   int64_t seen_ = 0;           // rows the hook saw
   int64_t seen_settled_ = 0;   // ... at the last AllSeen
   int64_t total_settled_ = 0;  // SQLite's count at the last AllSeen

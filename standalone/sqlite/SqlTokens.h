@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "connector/host/AsciiNames.h"
+
 namespace standalone {
 
 // One token of an SQL text. Quoted literals, quoted identifiers and comments
@@ -26,18 +28,9 @@ struct SqlToken {
   bool IsBlank() const { return kind == Kind::kBlank; }
 };
 
-// Whether a word's text is `word`, without regard to case (ASCII: the
-// words of a statement are). Inline: the scanners ask it of every word.
+// Whether a word's text is `word`, without regard to (ASCII) case.
 inline bool SameWord(std::string_view text, std::string_view word) {
-  if (text.size() != word.size()) return false;
-  for (size_t i = 0; i < word.size(); ++i) {
-    char a = text[i];
-    char b = word[i];
-    if (a >= 'a' && a <= 'z') a = static_cast<char>(a - 'a' + 'A');
-    if (b >= 'a' && b <= 'z') b = static_cast<char>(b - 'a' + 'A');
-    if (a != b) return false;
-  }
-  return true;
+  return host::SameAsciiNoCase(text, word);
 }
 
 // The token of the SQL text that starts at `start` (< sql.size()): sets

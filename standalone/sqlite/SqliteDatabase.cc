@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
@@ -151,22 +152,13 @@ void BindValue(sqlite3_stmt* statement, int index, const ParameterizedSql::Value
 // the decimal n / 10^k, which reads back as this very double, and the text
 // need not be made. Integers bind as integers, as their literals do.
 void BindNumber(sqlite3_stmt* statement, int index, double value) {
-  if (value == 0) {
-    sqlite3_bind_int64(statement, index, 0);  // -0 too: its literal is 0
-    return;
-  }
-  if (std::fabs(value) < 1e9) {
-    double scale = 1;
-    for (int decimals = 0; decimals <= 6; ++decimals, scale *= 10) {
-      double scaled = std::nearbyint(value * scale);
-      if (scaled / scale != value) continue;
-      if (decimals == 0) {
-        sqlite3_bind_int64(statement, index, static_cast<sqlite3_int64>(scaled));
-      } else {
-        sqlite3_bind_double(statement, index, value);
-      }
-      return;
+  if (std::optional<host::ShortDecimal> exact = host::AsShortDecimal(value)) {
+    if (exact->decimals == 0) {
+      sqlite3_bind_int64(statement, index, exact->n);  // -0 too: its literal is 0
+    } else {
+      sqlite3_bind_double(statement, index, value);
     }
+    return;
   }
   char text[40];
   std::snprintf(text, sizeof text, "%.15g", value);
