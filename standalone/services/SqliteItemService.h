@@ -26,7 +26,9 @@ namespace standalone {
 // what it last read of it: the id of the last key it looked up, and the
 // rows of the last item it loaded. A save of that item writes only the row
 // and the collections that differ from them; what is unchanged is already
-// in the database.
+// in the database. Kept so on purpose: a value left unchanged keeps the
+// stored form another writer gave it (-1 for true, a date without its
+// time), which reads the same; writing it again is the cost this saves.
 class SqliteItemService : public host::ItemService {
  public:
   explicit SqliteItemService(host::DatabaseService& db) : db_(db), writer_(db) {}
