@@ -7,7 +7,7 @@ namespace app {
 
 const char kUsage[] =
     "usage: lumaro [--db FILE] [--workstation N] [--now \"YYYY-MM-DD HH:MM:SS\"] [--yes]\n"
-    "              [--quiet] [--wait SECONDS] [--plugin FILE] COMMAND\n"
+    "              [--quiet] [--wait SECONDS] [--plugin FILE] [--report FILE] COMMAND\n"
     "\n"
     "commands:\n"
     "  init                          create or upgrade the POS database\n"
@@ -27,7 +27,14 @@ const char kUsage[] =
     "                                (YYYY-MM-DD, each at 00:00:00; or with HH:MM:SS):\n"
     "                                to take a whole day D, give D and the next day\n"
     "  log                           the files taken and made, tab-separated\n"
-    "  log delete WORKSTATION FILE   forget one file, so that it is imported again\n";
+    "  log delete WORKSTATION FILE   forget one file, so that it is imported again\n"
+    "  status                        each exchange point's numbers, pending documents and\n"
+    "                                next file, and the last files imported; exit 3 when\n"
+    "                                a point is stuck\n"
+    "\n"
+    "--report FILE (import, export, reexport): write what the run did as JSON to FILE\n"
+    "when it ends. Exit codes: 0 all went through; 1 an error; 2 a command line it cannot\n"
+    "take; 3 the run ended, but a point or a file stopped where a person must act.\n";
 
 namespace {
 
@@ -68,6 +75,8 @@ Options ParseCommandLine(int argc, char** argv) {
       options.now = value_of("--now");
     } else if (arg == "--wait") {
       options.wait_seconds = ParseWait(value_of("--wait"));
+    } else if (arg == "--report") {
+      options.report = value_of("--report");
     } else if (arg == "--plugin") {
       options.plugin = value_of("--plugin");
     } else if (arg == "--yes") {
@@ -83,8 +92,19 @@ Options ParseCommandLine(int argc, char** argv) {
       break;
     }
   }
-  for (; i < argc; ++i) options.command.emplace_back(argv[i]);
+  for (; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--report") == 0 && !options.command.empty()) {
+      options.report = value_of("--report");
+      continue;
+    }
+    options.command.emplace_back(argv[i]);
+  }
   if (options.command.empty()) throw UsageError("no command given");
+  const std::string& command = options.command[0];
+  if (options.report && command != "import" && command != "export" && command != "reexport") {
+    throw UsageError("--report is for the run commands import, export and reexport");
+  }
+  if (options.report && options.report->empty()) throw UsageError("--report needs a file name");
   return options;
 }
 

@@ -23,10 +23,14 @@ struct Options {
   // How long an exchange run waits for another on the same POS database.
   double wait_seconds = 60;
   std::optional<std::string> plugin;  // the plug-in's file
+  // Where a run command writes its report (JSON) when it ends.
+  std::optional<std::string> report;
   std::vector<std::string> command;   // the command and its arguments
 };
 
-// Reads the global options, then the command words. Raises UsageError.
+// Reads the global options, then the command words. --report FILE is taken
+// among the global options and among the command's words alike, and only for
+// the run commands. Raises UsageError.
 Options ParseCommandLine(int argc, char** argv);
 
 extern const char kUsage[];

@@ -3,12 +3,11 @@
 #include <cctype>
 
 namespace app {
-namespace {
 
-// The order in which the passes read a file.
-constexpr const char* kTagOrder[] = {"VN", "CL", "FA", "AR", "AP", "AB", "AL", "AG"};
-
-}  // namespace
+const std::vector<std::string>& ImportAccount::TagOrder() {
+  static const std::vector<std::string> order = {"VN", "CL", "FA", "AR", "AP", "AB", "AL", "AG"};
+  return order;
+}
 
 void ImportAccount::FileSkipped(std::string_view file_name, std::string_view reason) {
   // The folder holds the export files and the error files too: of the files
@@ -52,6 +51,20 @@ std::string ImportAccount::FileNotImported() const {
   return "";
 }
 
+std::vector<std::string> ImportAccount::Stops() const {
+  std::vector<std::string> stops;
+  if (!missing_folder_.empty()) {
+    stops.push_back("the exchange folder " + missing_folder_ +
+                    " does not exist; no file was imported");
+  }
+  std::string undone = FileNotImported();
+  if (!undone.empty()) {
+    stops.push_back("the import of " + undone +
+                    " was undone; it and the files after it wait for the next run");
+  }
+  return stops;
+}
+
 void ImportAccount::Print(std::ostream& out, bool dry_run) const {
   if (files_.empty()) out << "no import file to read\n";
   for (const File& file : files_) {
@@ -65,7 +78,7 @@ void ImportAccount::Print(std::ostream& out, bool dry_run) const {
     } else {
       out << (dry_run ? "would be imported" : "imported") << '\n';
     }
-    for (const char* tag : kTagOrder) {
+    for (const std::string& tag : TagOrder()) {
       auto found = file.tags.find(tag);
       if (found == file.tags.end()) continue;
       const TagCounts& counts = found->second;

@@ -18,19 +18,6 @@ namespace app {
 // run for the person who started it.
 class ImportAccount : public host::ImportObserver {
  public:
-  void FileSkipped(std::string_view file_name, std::string_view reason) override;
-  void FileStarted(std::string_view file_name) override;
-  void Record(std::string_view tag, int64_t line, Outcome outcome,
-              std::string_view description) override;
-  void FileEnded(std::string_view file_name, bool committed) override;
-
-  // One block per file. `dry_run`: the changes were undone, and are told as
-  // what would happen.
-  void Print(std::ostream& out, bool dry_run) const;
-  // The file that was read but not imported, if one was: the run stops there.
-  std::string FileNotImported() const;
-
- private:
   struct TagCounts {
     int64_t added = 0;
     int64_t updated = 0;
@@ -42,7 +29,31 @@ class ImportAccount : public host::ImportObserver {
     bool committed = false;
     std::map<std::string, TagCounts> tags;
   };
+
+  void FolderMissing(std::string_view folder) override { missing_folder_ = folder; }
+  void FileSkipped(std::string_view file_name, std::string_view reason) override;
+  void FileStarted(std::string_view file_name) override;
+  void Record(std::string_view tag, int64_t line, Outcome outcome,
+              std::string_view description) override;
+  void FileEnded(std::string_view file_name, bool committed) override;
+
+  // One block per file. `dry_run`: the changes were undone, and are told as
+  // what would happen.
+  void Print(std::ostream& out, bool dry_run) const;
+  // The file that was read but not imported, if one was: the run stops there.
+  std::string FileNotImported() const;
+  // One sentence for each thing a person must see to: the missing folder,
+  // the file whose import was undone.
+  std::vector<std::string> Stops() const;
+
+  // The files in the order met, and the tags in the order the passes read
+  // them.
+  const std::vector<File>& Files() const { return files_; }
+  static const std::vector<std::string>& TagOrder();
+
+ private:
   std::vector<File> files_;
+  std::string missing_folder_;
 };
 
 }  // namespace app

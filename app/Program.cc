@@ -3,10 +3,13 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 
 #include "connector/host/Conversions.h"
 #include "connector/host/Date.h"
 #include "connector/host/Error.h"
+#include "connector/ModConnectorLumaro.h"
+#include "app/RunReport.h"
 #include "standalone/TerminalUIManager.h"
 #include "standalone/schema/PosDatabase.h"
 
@@ -65,6 +68,9 @@ standalone::StandaloneHost& Program::Host() {
         err_, terminal && !options_.quiet, options_.yes,
         [host = host_.get()] { return host->Context().Settings(); });
     terminal_ui.SetBeforeWrite([notifier = notifier_.get()] { notifier->Finish(); });
+    terminal_ui.SetBoxListener([this](std::string_view text, int style) {
+      account_.boxes.push_back({std::string(text), style});
+    });
   }
   return *host_;
 }
@@ -80,14 +86,69 @@ host::IConnector& Program::Connector() {
 }
 
 int Program::Run() {
+  started_ = std::chrono::system_clock::now();
+  int exit_code;
   try {
-    return Dispatch();
+    exit_code = Dispatch();
   } catch (...) {
     // A run that failed may leave its transaction open for its caller (the
     // import does, by design): the POS database is never left half-written.
     RollBackOpenTransaction();
+    if (options_.report) {
+      try {
+        WriteReport(DescribeFailure(std::current_exception()));
+      } catch (const std::exception& error) {
+        err_ << "lumaro: " << error.what() << '\n';
+      }
+    }
     throw;
   }
+  if (options_.report) WriteReport({exit_code, ""});
+  return exit_code;
+}
+
+void Program::WriteReport(const Failure& failure) {
+  ReportedRun run;
+  run.command = options_.command;
+  run.dry_run = run.command.size() == 2 && run.command[1] == "--dry-run";
+  run.database = std::filesystem::absolute(options_.db).lexically_normal().string();
+  run.workstation = options_.workstation;
+  run.started = started_;
+  run.ended = std::chrono::system_clock::now();
+  run.exit_code = failure.exit_code;
+  run.error = failure.line;
+  std::optional<lumaro::LumaroConnectorSetting> settings;
+  try {
+    settings = StoredSettings();
+  } catch (const std::exception&) {
+    // The report tells what it can: the database may be what failed.
+  }
+  WriteRunReport(*options_.report, run, account_, std::move(settings));
+}
+
+std::optional<lumaro::LumaroConnectorSetting> Program::StoredSettings() {
+  if (!host_ && !std::filesystem::exists(options_.db)) return std::nullopt;
+  standalone::StandaloneHost& host = Host();
+  // The reading of the settings is the connector's own, linked into this
+  // program; it wants the host.
+  lumaro::ModConnectorLumaro::AttachHost(&host);
+  lumaro::LumaroConnectorSetting settings;
+  bool stored = false;
+  try {
+    stored = host.Settings().Load(settings);
+  } catch (...) {
+    lumaro::ModConnectorLumaro::DetachHost(&host);
+    throw;
+  }
+  lumaro::ModConnectorLumaro::DetachHost(&host);
+  if (!stored) return std::nullopt;
+  return settings;
+}
+
+int Program::EndOfRun() {
+  std::vector<std::string> stops = account_.Stops();
+  for (const std::string& stop : stops) err_ << "lumaro: stopped: " << stop << '\n';
+  return stops.empty() ? kSuccess : kStopped;
 }
 
 void Program::RollBackOpenTransaction() {
@@ -118,6 +179,7 @@ int Program::Dispatch() {
   if (command == "check") return CheckCommand();
   if (command == "export") return ExportCommand();
   if (command == "reexport") return ReExportCommand();
+  if (command == "status") return StatusCommand();
   throw UsageError("unknown command '" + command + "'");
 }
 
@@ -149,9 +211,10 @@ void Program::LockForRun() {
 int Program::ExportCommand() {
   RequireArguments(1, "export");
   LockForRun();
+  Host().SetExportObserver(&account_.exports);
   Connector().ExportData();
   notifier_->Finish();
-  return kSuccess;
+  return EndOfRun();
 }
 
 int Program::ReExportCommand() {
@@ -165,9 +228,10 @@ int Program::ReExportCommand() {
         "next day)");
   }
   LockForRun();
+  Host().SetExportObserver(&account_.exports);
   Connector().ReExport(from, to);
   notifier_->Finish();
-  return kSuccess;
+  return EndOfRun();
 }
 
 }  // namespace app

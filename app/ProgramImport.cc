@@ -3,12 +3,10 @@
 
 #include <filesystem>
 #include <map>
-#include <pugixml.hpp>
 
 #include "app/ImportAccount.h"
 #include "app/Program.h"
 #include "connector/LumaroConnectorSetting.h"
-#include "connector/ModConnectorLumaro.h"
 #include "connector/host/Date.h"
 #include "connector/host/Error.h"
 #include "connector/host/FileSystem.h"
@@ -57,30 +55,27 @@ class ErrorFiles {
   std::map<std::string, uintmax_t> sizes_;
 };
 
-// The exchange folder of the stored settings; empty when none are stored.
-std::string ExchangeFolder(standalone::StandaloneHost& host) {
-  auto text = host.Settings().StoredText("Orbiva.Vendara.Connector", "Lumaro");
-  pugi::xml_document document;
-  if (!text || !document.load_string(text->c_str())) return "";
-  return document.document_element().attribute("ImportExportPath").as_string();
-}
-
 }  // namespace
 
 int Program::ImportCommand() {
+  // The folder whose error files a dry run puts back; none without settings.
+  auto exchange_folder = [this] {
+    std::optional<lumaro::LumaroConnectorSetting> settings = StoredSettings();
+    return settings ? settings->ImportExportPath : std::string();
+  };
   const auto& args = options_.command;
   bool dry_run = args.size() == 2 && args[1] == "--dry-run";
   if (!dry_run) RequireArguments(1, "import [--dry-run]");
   LockForRun();
   standalone::StandaloneHost& host = Host();
   host::IConnector& connector = Connector();
-  ImportAccount account;
+  ImportAccount& account = account_.imports;
   host.SetImportObserver(&account);
   std::optional<ErrorFiles> error_files;
   if (dry_run) {
     // Everything the run writes to the POS database (its rows, the log, the
     // number of the last file) lies inside this transaction, undone below.
-    error_files.emplace(ExchangeFolder(host));
+    error_files.emplace(exchange_folder());
     host.Database().BeginTrans();
   }
   auto finish = [&] {
@@ -99,7 +94,7 @@ int Program::ImportCommand() {
     std::string failed = account.FileNotImported();
     if (!failed.empty() && !options_.quiet) {
       err_ << "lumaro: " << failed << " was not imported; `lumaro check "
-           << host::BuildPath(ExchangeFolder(host), failed) << "` lists the lines that fail\n";
+           << host::BuildPath(exchange_folder(), failed) << "` lists the lines that fail\n";
     }
     throw;
   }
@@ -108,25 +103,20 @@ int Program::ImportCommand() {
     out_ << "dry run: nothing was kept; the POS database, the file log, the number of the last "
             "file and the error files are as they were\n";
   }
-  return kSuccess;
+  return EndOfRun();
 }
 
 int Program::CheckCommand() {
   RequireArguments(2, "check FILE");
   const std::string& path = options_.command[1];
-  standalone::StandaloneHost& host = Host();
-  // The record rules are the connector's own, linked into this program; so
-  // is the reading of its settings, which wants the host.
-  lumaro::ModConnectorLumaro::AttachHost(&host);
-  lumaro::LumaroConnectorSetting settings;
-  bool stored = host.Settings().Load(settings);
-  lumaro::ModConnectorLumaro::DetachHost(&host);
-  if (!stored) {
+  // The record rules are the connector's own, linked into this program.
+  std::optional<lumaro::LumaroConnectorSetting> settings = StoredSettings();
+  if (!settings) {
     err_ << "lumaro: no settings are stored: the header's company and year cannot be checked\n";
     return kFailure;
   }
-  std::unique_ptr<host::CustomerService> customers = host.NewCustomerService();
-  lumaro::ImportFileCheck check(settings, [&customers](const std::string& key) {
+  std::unique_ptr<host::CustomerService> customers = Host().NewCustomerService();
+  lumaro::ImportFileCheck check(*settings, [&customers](const std::string& key) {
     return customers->GetCustomerIDFromKey(key) != 0;
   });
   std::vector<lumaro::ImportFileCheck::Problem> problems = check.Check(path, host::Today());

@@ -80,6 +80,9 @@ void LumaroExecutioner::ExportData(const std::string& path, int16_t& index, host
         ModConnectorLumaro::Host().SystemManager().Context().CurrentWorkstation().WorkstationID()));
     log.Filename = outcome.file_name;
     log_->Save(log);
+    if (host::ExportObserver* observer = ModConnectorLumaro::Host().ExportObserver()) {
+      observer->FileMade(outcome.path, outcome.first_date);
+    }
   } catch (const host::Error& error) {
     throw error.WithSource("<ExportData>");
   }

@@ -64,6 +64,9 @@ class StandaloneHost : public host::Host {
   // Watches the imports from now on; nullptr stops. The observer outlives
   // the runs it watches.
   void SetImportObserver(host::ImportObserver* observer) { import_observer_ = observer; }
+  host::ExportObserver* ExportObserver() override { return export_observer_; }
+  // Watches the exports from now on, as SetImportObserver.
+  void SetExportObserver(host::ExportObserver* observer) { export_observer_ = observer; }
 
   SqliteDatabase& Database() { return *database_; }
   HostContextStore& ContextStore() { return *context_store_; }
@@ -83,6 +86,7 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<SqliteSettingStore> setting_store_;
   std::unique_ptr<Roots> roots_;
   host::ImportObserver* import_observer_ = nullptr;
+  host::ExportObserver* export_observer_ = nullptr;
 };
 
 }  // namespace standalone

@@ -6,6 +6,7 @@ int TerminalUIManager::MsgBox(std::string_view text, int style, std::string_view
   if (before_write_) before_write_();
   out_ << text << '\n';
   out_.flush();
+  if (box_listener_) box_listener_(text, style);
   if ((style & 0x7) == host::msgbox::kYesNo) {
     return answer_yes_ ? host::msgbox::kYes : host::msgbox::kNo;
   }

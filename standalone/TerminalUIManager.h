@@ -18,6 +18,10 @@ class TerminalUIManager : public host::UIManager {
   // Called before anything is written, so that a progress bar being drawn
   // on the same stream can end its line first.
   void SetBeforeWrite(std::function<void()> before_write) { before_write_ = std::move(before_write); }
+  // Told of every message box, its text and style, after it is written.
+  void SetBoxListener(std::function<void(std::string_view, int)> listener) {
+    box_listener_ = std::move(listener);
+  }
 
   const host::MessageCatalogue& Messages() const override { return catalogue_; }
   int MsgBox(std::string_view text, int style, std::string_view title = "") override;
@@ -27,6 +31,7 @@ class TerminalUIManager : public host::UIManager {
   std::ostream& out_;
   bool answer_yes_;
   std::function<void()> before_write_;
+  std::function<void(std::string_view, int)> box_listener_;
   PortugueseCatalogue catalogue_;
 };
 

@@ -10,6 +10,7 @@
 
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
+#include "connector/host/ExportObserver.h"
 #include "connector/host/FileTools.h"
 #include "connector/host/ImportObserver.h"
 #include "connector/host/SaleDocumentReader.h"
@@ -105,6 +106,8 @@ class Host {
 
   // The host's watcher of imports, if it has one; most hosts have none.
   virtual host::ImportObserver* ImportObserver() { return nullptr; }
+  // The host's watcher of exports, if it has one; most hosts have none.
+  virtual host::ExportObserver* ExportObserver() { return nullptr; }
 };
 
 }  // namespace host

@@ -19,6 +19,8 @@ class ImportObserver {
   };
 
   virtual ~ImportObserver() = default;
+  // The exchange folder does not exist: the run reads nothing.
+  virtual void FolderMissing(std::string_view folder) = 0;
   // A file of the exchange folder that is not read, with the reason.
   virtual void FileSkipped(std::string_view file_name, std::string_view reason) = 0;
   // A file whose passes begin, inside its transaction.

@@ -25,6 +25,10 @@ EntryExport::EntryExport(const LumaroConnectorSetting& settings, const Workstati
       host_(ModConnectorLumaro::Host()),
       db_(host_.DataManager().Connection().Database()) {}
 
+std::string ExportFileName(const std::string& code, double number) {
+  return "ETpv " + code + " " + host::FormatNumber(number, "0000000") + ".txt";
+}
+
 host::RecordsetPtr EntryExport::Query(const std::string& sql) {
   return db_.OpenRecordset(sql, 128, true);
 }
@@ -51,17 +55,19 @@ void EntryExport::ReportProgress() {
 EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_number,
                                       host::Date initial_date, host::Date final_date) {
   reader_ = host_.NewSaleDocumentReader();
-  std::string name = "ETpv " + entry_.LumaroWorkstationID + " " +
-                     host::FormatNumber(file_number, "0000000") + ".txt";
+  std::string name = ExportFileName(entry_.LumaroWorkstationID, file_number);
   std::string full_path = host::BuildPath(folder, name);
   host::UIManager& ui = host_.UIManager();
+  Observe([&](host::ExportObserver& o) { o.PointStarted(entry_.LumaroWorkstationID); });
   if (!host::FolderExists(folder)) {
+    Observe([&](host::ExportObserver& o) { o.Stopped(host::ExportObserver::Stop::kFolderMissing, folder); });
     ui.MsgBox(ui.Messages().Text(kFolderMissing), host::msgbox::kInformation);
     return {};
   }
   // The existing file stays as it is and the number does not move: this
   // entry stops here, run after run, until somebody removes the file.
   if (host::FileExists(full_path)) {
+    Observe([&](host::ExportObserver& o) { o.Stopped(host::ExportObserver::Stop::kFileExists, full_path); });
     ui.MsgBox("O ficheiro " + full_path + " já existe!", host::msgbox::kInformation);
     return {};
   }
@@ -73,7 +79,10 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
     selection_ = "AccountingExportDate Is Null ";
   }
   FirstDate first = FindFirstDate();
-  if (!first.anything) return {};
+  if (!first.anything) {
+    Observe([](host::ExportObserver& o) { o.NothingPending(); });
+    return {};
+  }
 
   Notifier().Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
   writer_ = std::make_unique<host::AnsiTextWriter>(full_path, host::AnsiTextWriter::Mode::kCreate);
@@ -85,7 +94,11 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   WriteSales();
   WriteReceipts();
   writer_->Close();
-  return {true, name};
+  return {true, name, full_path, first.date};
+}
+
+void EntryExport::Observe(const std::function<void(host::ExportObserver&)>& tell) {
+  if (host::ExportObserver* observer = host_.ExportObserver()) tell(*observer);
 }
 
 EntryExport::FirstDate EntryExport::FindFirstDate() {

@@ -1,6 +1,7 @@
 #ifndef LUMARO_EXCHANGE_EXPORT_ENTRY_EXPORT_H_
 #define LUMARO_EXCHANGE_EXPORT_ENTRY_EXPORT_H_
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,10 @@
 #include "exchange/export/KeyCaches.h"
 
 namespace lumaro {
+
+// The name of the export file `number` of the point `code`:
+// "ETpv <code> <number in seven digits>.txt".
+std::string ExportFileName(const std::string& code, double number);
 
 // The export file of one exchange point (a Workstation entry) for one run:
 // it selects what the entry's POS workstations and series have pending (or
@@ -27,6 +32,8 @@ class EntryExport {
   struct Outcome {
     bool written = false;  // a file was made
     std::string file_name;
+    std::string path;
+    host::Date first_date;  // the header's
   };
 
   // `notifier` may be empty: the first report then fails, as nothing can be
@@ -62,6 +69,8 @@ class EntryExport {
   host::RecordsetPtr Query(const std::string& sql);
   void Write(const std::string& line) { writer_->WriteLine(line); }
   host::IConnectorEvents& Notifier();
+  // Tells the host's export watcher, if it has one.
+  void Observe(const std::function<void(host::ExportObserver&)>& tell);
   void ReportProgress();
 
   const LumaroConnectorSetting& settings_;

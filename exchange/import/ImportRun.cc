@@ -46,14 +46,15 @@ void ImportRun::ImportData() {
 
     const std::string folder = settings_.ImportExportPath;
     double last_number = settings_.LastImportNumber;
+    host::ImportObserver* observer = Host().ImportObserver();
     if (!host::FolderExists(folder)) {
+      if (observer) observer->FolderMissing(folder);
       ShowInformation(Host().UIManager().Messages().Text(kFolderMissing));
       return;
     }
     // Taken in the file service's order; nothing here sorts them.
     std::vector<std::string> names = host::ListFiles(folder, "*.txt");
     if (names.empty()) return;
-    host::ImportObserver* observer = Host().ImportObserver();
     for (const std::string& name : names) {
       std::string path = host::BuildPath(folder, name);
       if (host::Left(name, 4) != "ITpv") {

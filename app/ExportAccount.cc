@@ -1,0 +1,63 @@
+#include "app/ExportAccount.h"
+
+#include <filesystem>
+
+namespace app {
+namespace {
+
+// Paths are told as the connector built them, from the settings' folder,
+// which may be relative to where the run started: kept absolute, so that
+// they still say where the file is when read from elsewhere.
+std::string Absolute(std::string_view path) {
+  if (path.empty()) return "";
+  return std::filesystem::absolute(std::filesystem::path(path)).lexically_normal().string();
+}
+
+}  // namespace
+
+void ExportAccount::PointStarted(std::string_view code) {
+  Point point;
+  point.code = code;
+  points_.push_back(std::move(point));
+}
+
+void ExportAccount::FileMade(std::string_view path, host::Date first_date) {
+  End(End::kFileMade, path);
+  if (!points_.empty()) points_.back().first_date = first_date;
+}
+
+void ExportAccount::NothingPending() { End(End::kNothingPending, ""); }
+
+void ExportAccount::Stopped(Stop why, std::string_view path) {
+  End(why == Stop::kFolderMissing ? End::kFolderMissing : End::kFileExists, path);
+}
+
+void ExportAccount::End(enum End end, std::string_view path) {
+  if (points_.empty()) return;
+  points_.back().end = end;
+  points_.back().path = Absolute(path);
+}
+
+std::string ExportAccount::StopSentence(std::string_view code, Stop why, std::string_view path) {
+  std::string start = "point " + std::string(code) + ": ";
+  std::string where = Absolute(path);
+  if (why == Stop::kFolderMissing) {
+    return start + "the exchange folder " + where + " does not exist; no file was made";
+  }
+  return start + "the file " + where +
+         " is already there; the exports of this point stop until it is removed";
+}
+
+std::vector<std::string> ExportAccount::Stops() const {
+  std::vector<std::string> stops;
+  for (const Point& point : points_) {
+    if (point.end == End::kFolderMissing) {
+      stops.push_back(StopSentence(point.code, Stop::kFolderMissing, point.path));
+    } else if (point.end == End::kFileExists) {
+      stops.push_back(StopSentence(point.code, Stop::kFileExists, point.path));
+    }
+  }
+  return stops;
+}
+
+}  // namespace app

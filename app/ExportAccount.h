@@ -1,0 +1,50 @@
+#ifndef LUMARO_APP_EXPORT_ACCOUNT_H_
+#define LUMARO_APP_EXPORT_ACCOUNT_H_
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "connector/host/ExportObserver.h"
+
+namespace app {
+
+// What an export did, point by point, told by the connector as it went.
+class ExportAccount : public host::ExportObserver {
+ public:
+  enum class End {
+    kNone,  // started, and ended by the run's error
+    kFileMade,
+    kNothingPending,
+    kFolderMissing,
+    kFileExists,
+  };
+  // One active point's export, in the order of the run.
+  struct Point {
+    std::string code;
+    End end = End::kNone;
+    std::string path;  // the file made or found, or the missing folder; absolute
+    host::Date first_date;
+  };
+
+  void PointStarted(std::string_view code) override;
+  void FileMade(std::string_view path, host::Date first_date) override;
+  void NothingPending() override;
+  void Stopped(Stop why, std::string_view path) override;
+
+  const std::vector<Point>& Points() const { return points_; }
+  // One sentence for each point that stopped for a person.
+  std::vector<std::string> Stops() const;
+  // The sentence of a point stopped by `why` at `path` (the missing folder,
+  // or the file that is there), which it gives as an absolute path.
+  static std::string StopSentence(std::string_view code, Stop why, std::string_view path);
+
+ private:
+  void End(enum End end, std::string_view path);
+
+  std::vector<Point> points_;
+};
+
+}  // namespace app
+
+#endif  // LUMARO_APP_EXPORT_ACCOUNT_H_
