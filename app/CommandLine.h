@@ -25,7 +25,7 @@ struct Options {
   std::optional<std::string> plugin;  // the plug-in's file
   // Where a run command writes its report (JSON) when it ends.
   std::optional<std::string> report;
-  std::vector<std::string> command;   // the command and its arguments
+  std::vector<std::string> command;  // the command and its arguments
 };
 
 // Reads the global options, then the command words. --report FILE is taken

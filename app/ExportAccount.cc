@@ -1,19 +1,8 @@
 #include "app/ExportAccount.h"
 
-#include <filesystem>
+#include "app/Paths.h"
 
 namespace app {
-namespace {
-
-// Paths are told as the connector built them, from the settings' folder,
-// which may be relative to where the run started: kept absolute, so that
-// they still say where the file is when read from elsewhere.
-std::string Absolute(std::string_view path) {
-  if (path.empty()) return "";
-  return std::filesystem::absolute(std::filesystem::path(path)).lexically_normal().string();
-}
-
-}  // namespace
 
 void ExportAccount::PointStarted(std::string_view code) {
   Point point;
@@ -35,12 +24,12 @@ void ExportAccount::Stopped(Stop why, std::string_view path) {
 void ExportAccount::End(enum End end, std::string_view path) {
   if (points_.empty()) return;
   points_.back().end = end;
-  points_.back().path = Absolute(path);
+  points_.back().path = AbsolutePath(path);
 }
 
 std::string ExportAccount::StopSentence(std::string_view code, Stop why, std::string_view path) {
   std::string start = "point " + std::string(code) + ": ";
-  std::string where = Absolute(path);
+  std::string where = AbsolutePath(path);
   if (why == Stop::kFolderMissing) {
     return start + "the exchange folder " + where + " does not exist; no file was made";
   }

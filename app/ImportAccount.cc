@@ -2,11 +2,17 @@
 
 #include <cctype>
 
+#include "app/Paths.h"
+
 namespace app {
 
 const std::vector<std::string>& ImportAccount::TagOrder() {
   static const std::vector<std::string> order = {"VN", "CL", "FA", "AR", "AP", "AB", "AL", "AG"};
   return order;
+}
+
+void ImportAccount::FolderMissing(std::string_view folder) {
+  missing_folder_ = AbsolutePath(folder);
 }
 
 void ImportAccount::FileSkipped(std::string_view file_name, std::string_view reason) {

@@ -30,7 +30,7 @@ class ImportAccount : public host::ImportObserver {
     std::map<std::string, TagCounts> tags;
   };
 
-  void FolderMissing(std::string_view folder) override { missing_folder_ = folder; }
+  void FolderMissing(std::string_view folder) override;
   void FileSkipped(std::string_view file_name, std::string_view reason) override;
   void FileStarted(std::string_view file_name) override;
   void Record(std::string_view tag, int64_t line, Outcome outcome,

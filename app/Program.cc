@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "app/RunReport.h"
+#include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Date.h"
 #include "connector/host/Error.h"
-#include "connector/ModConnectorLumaro.h"
-#include "app/RunReport.h"
 #include "standalone/TerminalUIManager.h"
 #include "standalone/schema/PosDatabase.h"
 

@@ -18,10 +18,10 @@ constexpr int kLastImportFiles = 5;
 std::string Pending(standalone::SqliteDatabase& db, const char* table,
                     const lumaro::Workstation& point) {
   // The list goes in as it stands, as the export puts it.
-  auto rs = db.OpenRecordset(std::string("SELECT Count(*) AS Pending, Min(CreateDate) AS Oldest FROM ") +
-                             table + " WHERE AccountingExportDate Is Null AND WorkstationID IN (" +
-                             point.WorkstationList + ") AND TransSerial='" +
-                             db.SqlFormat().QuoteText(point.TransSerial) + "'");
+  auto rs = db.OpenRecordset(
+      std::string("SELECT Count(*) AS Pending, Min(CreateDate) AS Oldest FROM ") + table +
+      " WHERE AccountingExportDate Is Null AND WorkstationID IN (" + point.WorkstationList +
+      ") AND TransSerial='" + db.SqlFormat().QuoteText(point.TransSerial) + "'");
   long long count = static_cast<long long>(host::FieldConverter::ToNumber(rs->Fields("Pending")));
   std::string text = std::to_string(count);
   if (count > 0) text += ", oldest " + LocalIso(host::FieldConverter::ToDate(rs->Fields("Oldest")));
@@ -49,7 +49,8 @@ int Program::StatusCommand() {
          << ", workstations " << point.WorkstationList << ", "
          << (point.Active ? "active" : "inactive") << ", last file " << point.LastExportNumber
          << '\n';
-    std::string next = lumaro::ExportFileName(point.LumaroWorkstationID, point.LastExportNumber + 1.0);
+    std::string next =
+        lumaro::ExportFileName(point.LumaroWorkstationID, point.LastExportNumber + 1.0);
     std::string next_path = host::BuildPath(folder, next);
     bool taken = folder_there && host::FileExists(next_path);
     out_ << "  next file: " << next
@@ -71,10 +72,11 @@ int Program::StatusCommand() {
   out_ << "last import files of workstation " << options_.workstation << ":\n";
   int listed = 0;
   if (db.Schema().TableExists("LumaroLog")) {
-    auto rs = db.OpenRecordset("SELECT TOP " + std::to_string(kLastImportFiles) +
-                               " Filename, ImportDate FROM LumaroLog WHERE WorkstationID=" +
-                               std::to_string(options_.workstation) +
-                               " AND Filename LIKE 'ITpv%' ORDER BY ImportDate DESC");
+    auto rs =
+        db.OpenRecordset("SELECT TOP " + std::to_string(kLastImportFiles) +
+                         " Filename, ImportDate FROM LumaroLog WHERE WorkstationID=" +
+                         std::to_string(options_.workstation) +
+                         " AND Filename LIKE 'ITpv%' ORDER BY ImportDate DESC, Filename DESC");
     for (; !rs->Eof(); rs->MoveNext(), ++listed) {
       out_ << "  " << LocalIso(host::FieldConverter::ToDate(rs->Fields("ImportDate"))) << "  "
            << host::FieldConverter::ToText(rs->Fields("Filename")) << '\n';

@@ -133,8 +133,8 @@ Json ImportFiles(const ReportedRun& run, const ImportAccount& imports) {
       reason = file.skipped;
     } else if (!file.committed) {
       outcome = "rolled_back";
-      reason = run.error.empty() ? "the import stopped at this file and undid its changes"
-                                 : run.error;
+      reason =
+          run.error.empty() ? "the import stopped at this file and undid its changes" : run.error;
     }
     files.push_back({{"name", file.name},
                      {"outcome", outcome},
@@ -154,8 +154,8 @@ const char* OutcomeOf(int exit_code) {
 // Writes `text` to `path` through a temporary file of the same folder.
 void ReplaceAtomically(const std::string& path, const std::string& text) {
   fs::path target(path);
-  fs::path temporary = target.parent_path() /
-                       ("." + target.filename().string() + "." + std::to_string(::getpid()) + ".tmp");
+  fs::path temporary = target.parent_path() / ("." + target.filename().string() + "." +
+                                               std::to_string(::getpid()) + ".tmp");
   auto fail = [&](const char* what) {
     int error = errno;
     ::unlink(temporary.c_str());
@@ -204,8 +204,7 @@ void WriteRunReport(const std::string& path, const ReportedRun& run, const RunAc
                  {"error", run.error.empty() ? Json(nullptr) : Json(run.error)}};
   // Texts the database or a file gave that are not UTF-8 are written with
   // the replacement character rather than fail the report.
-  ReplaceAtomically(path,
-                    report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+  ReplaceAtomically(path, report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
 }
 
 }  // namespace app

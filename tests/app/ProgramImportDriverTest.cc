@@ -145,23 +145,29 @@ TEST(ImportDriver, FilesAreReadInListingOrderWithoutRegardToCase) {
   EXPECT_EQ(shop.Query("SELECT SalesmanName FROM Salesman"), "Segundo");
 }
 
+// A missing folder is a stop a scheduler must see (exit 3); with no active
+// point the import does nothing at all.
 TEST(ImportDriver, AMissingFolderIsOneMessageAndNoActivePointIsSilence) {
   struct Case {
     const char* active;
     bool folder;
-    const char* err;
+    bool stopped;
   } cases[] = {
-      {"1", false, "A pasta de importação/exportação não existe.\n"},
-      {"0", false, ""},
-      {"0", true, ""},
+      {"1", false, true},
+      {"0", false, false},
+      {"0", true, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string("active ") + c.active + (c.folder ? ", folder" : ", no folder"));
     ImportShop shop(Settings{{"Active", c.active}, {"LastImportNumber", "4"}}, c.folder);
     if (c.folder) shop.Write("ITpv0005.txt", Lines({kHeader, Vn("V1", "Ana")}));
     auto result = shop.Import();
-    EXPECT_EQ(result.exit_code, 0);
-    EXPECT_EQ(result.err, c.err);
+    EXPECT_EQ(result.exit_code, c.stopped ? 3 : 0);
+    EXPECT_EQ(result.err, c.stopped
+                              ? "A pasta de importação/exportação não existe.\n"
+                                "lumaro: stopped: the exchange folder " +
+                                    shop.Exchange() + " does not exist; no file was imported\n"
+                              : "");
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(shop.Salesmen(), "");
     EXPECT_EQ(shop.LoggedFiles(), "");

@@ -42,7 +42,10 @@ ProgramResult RunLumaro(const std::string& folder, const std::vector<std::string
   }
   argv.push_back(std::string(LUMARO_BIN_DIR) + "/lumaro");
   argv.insert(argv.end(), args.begin(), args.end());
+  return RunProgram(folder, std::move(argv));
+}
 
+ProgramResult RunProgram(const std::string& folder, std::vector<std::string> argv) {
   int out_pipe[2], err_pipe[2];
   if (::pipe(out_pipe) != 0 || ::pipe(err_pipe) != 0) throw std::runtime_error("pipe failed");
   pid_t pid = ::fork();

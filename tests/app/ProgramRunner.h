@@ -18,6 +18,10 @@ struct ProgramResult {
 ProgramResult RunLumaro(const std::string& folder, const std::vector<std::string>& args,
                         bool as_nobody = false);
 
+// Runs the program argv[0] (a path) with its arguments in `folder`, and
+// collects its exit code (-1 when it did not exit) and output.
+ProgramResult RunProgram(const std::string& folder, std::vector<std::string> argv);
+
 }  // namespace testsupport
 
 #endif  // LUMARO_TESTS_APP_PROGRAM_RUNNER_H_

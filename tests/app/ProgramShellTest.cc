@@ -49,13 +49,29 @@ TEST(ProgramShell, SettingsLoadShowValidateDelete) {
   auto shown = RunLumaro(folder.Path(), {"settings", "show"});
   ASSERT_EQ(shown.exit_code, 0) << shown.err;
   // The attributes in the order of the document's table.
-  const char* order[] = {"LumaroDelegationID", "ImportExportPath", "LastImportNumber", "TillID",
-                         "SQLDataSource", "SQLCompanyID", "SQLCompanyYear", "SQLAuthentication",
-                         "SQLUserName", "SQLPassword", "InitializeAppUser",
-                         "InitializeCustomerGroup", "InitializeZone", "InitializeSalesman",
-                         "InitializeFamily", "InitializeFamilyLevel", "InitializePriceLine",
-                         "InitializeDocument", "<Workstations", "LumaroWorkstationID=\"02\"",
-                         "TransSerial=\"A\"", "WorkstationList=\"1,2\"", "LastExportNumber=\"0\"",
+  const char* order[] = {"LumaroDelegationID",
+                         "ImportExportPath",
+                         "LastImportNumber",
+                         "TillID",
+                         "SQLDataSource",
+                         "SQLCompanyID",
+                         "SQLCompanyYear",
+                         "SQLAuthentication",
+                         "SQLUserName",
+                         "SQLPassword",
+                         "InitializeAppUser",
+                         "InitializeCustomerGroup",
+                         "InitializeZone",
+                         "InitializeSalesman",
+                         "InitializeFamily",
+                         "InitializeFamilyLevel",
+                         "InitializePriceLine",
+                         "InitializeDocument",
+                         "<Workstations",
+                         "LumaroWorkstationID=\"02\"",
+                         "TransSerial=\"A\"",
+                         "WorkstationList=\"1,2\"",
+                         "LastExportNumber=\"0\"",
                          "Active=\"1\""};
   size_t at = 0;
   for (const char* name : order) {
@@ -119,8 +135,7 @@ TEST(ProgramShell, BadInputGetsOneLineAndChangesNothing) {
     other->ExecuteScript("CREATE TABLE Notes (Line TEXT); INSERT INTO Notes VALUES ('x')");
   }
   std::string other_before = ReadBytes(folder.File("other.db"));
-  ExpectOneLineError(RunLumaro(folder.Path(), {"--db", "other.db", "info"}),
-                     "not a POS database");
+  ExpectOneLineError(RunLumaro(folder.Path(), {"--db", "other.db", "info"}), "not a POS database");
   EXPECT_EQ(ReadBytes(folder.File("other.db")), other_before);
 
   // A plug-in that does not exist.
