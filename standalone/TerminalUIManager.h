@@ -17,7 +17,9 @@ class TerminalUIManager : public host::UIManager {
   TerminalUIManager(std::ostream& out, bool answer_yes) : out_(out), answer_yes_(answer_yes) {}
   // Called before anything is written, so that a progress bar being drawn
   // on the same stream can end its line first.
-  void SetBeforeWrite(std::function<void()> before_write) { before_write_ = std::move(before_write); }
+  void SetBeforeWrite(std::function<void()> before_write) {
+    before_write_ = std::move(before_write);
+  }
   // Told of every message box, its text and style, after it is written.
   void SetBoxListener(std::function<void(std::string_view, int)> listener) {
     box_listener_ = std::move(listener);

@@ -60,14 +60,18 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   host::UIManager& ui = host_.UIManager();
   Observe([&](host::ExportObserver& o) { o.PointStarted(entry_.LumaroWorkstationID); });
   if (!host::FolderExists(folder)) {
-    Observe([&](host::ExportObserver& o) { o.Stopped(host::ExportObserver::Stop::kFolderMissing, folder); });
+    Observe([&](host::ExportObserver& o) {
+      o.Stopped(host::ExportObserver::Stop::kFolderMissing, folder);
+    });
     ui.MsgBox(ui.Messages().Text(kFolderMissing), host::msgbox::kInformation);
     return {};
   }
   // The existing file stays as it is and the number does not move: this
   // entry stops here, run after run, until somebody removes the file.
   if (host::FileExists(full_path)) {
-    Observe([&](host::ExportObserver& o) { o.Stopped(host::ExportObserver::Stop::kFileExists, full_path); });
+    Observe([&](host::ExportObserver& o) {
+      o.Stopped(host::ExportObserver::Stop::kFileExists, full_path);
+    });
     ui.MsgBox("O ficheiro " + full_path + " já existe!", host::msgbox::kInformation);
     return {};
   }
