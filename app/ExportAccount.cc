@@ -10,12 +10,20 @@ void ExportAccount::PointStarted(std::string_view code) {
   points_.push_back(std::move(point));
 }
 
-void ExportAccount::FileMade(std::string_view path, host::Date first_date) {
-  End(End::kFileMade, path);
-  if (!points_.empty()) points_.back().first_date = first_date;
+void ExportAccount::FileBegun(std::string_view path) {
+  if (points_.empty()) return;
+  points_.back().path = AbsolutePath(path);
+  points_.back().file_begun = true;
 }
 
-void ExportAccount::NothingPending() { End(End::kNothingPending, ""); }
+void ExportAccount::FileMade(host::Date first_date, const RecordCounts& records) {
+  End(End::kFileMade);
+  if (points_.empty()) return;
+  points_.back().first_date = first_date;
+  points_.back().records = records;
+}
+
+void ExportAccount::NothingPending() { End(End::kNothingPending); }
 
 void ExportAccount::Stopped(Stop why, std::string_view path) {
   End(why == Stop::kFolderMissing ? End::kFolderMissing : End::kFileExists, path);
@@ -24,14 +32,17 @@ void ExportAccount::Stopped(Stop why, std::string_view path) {
 void ExportAccount::End(enum End end, std::string_view path) {
   if (points_.empty()) return;
   points_.back().end = end;
-  points_.back().path = AbsolutePath(path);
+  if (!path.empty()) points_.back().path = AbsolutePath(path);
 }
 
 std::string ExportAccount::StopSentence(std::string_view code, Stop why, std::string_view path) {
   std::string start = "point " + std::string(code) + ": ";
   std::string where = AbsolutePath(path);
   if (why == Stop::kFolderMissing) {
-    return start + "the exchange folder " + where + " does not exist; no file was made";
+    return start +
+           (where.empty() ? std::string("the settings name no exchange folder")
+                          : "the exchange folder " + where + " does not exist") +
+           "; no file was made";
   }
   return start + "the file " + where +
          " is already there; the exports of this point stop until it is removed";

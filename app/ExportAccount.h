@@ -23,12 +23,17 @@ class ExportAccount : public host::ExportObserver {
   struct Point {
     std::string code;
     End end = End::kNone;
-    std::string path;  // the file made or found, or the missing folder; absolute
+    // The file begun (and made, for kFileMade), the file found, or the
+    // missing folder; absolute. Empty when none of these.
+    std::string path;
+    bool file_begun = false;
     host::Date first_date;
+    RecordCounts records;
   };
 
   void PointStarted(std::string_view code) override;
-  void FileMade(std::string_view path, host::Date first_date) override;
+  void FileBegun(std::string_view path) override;
+  void FileMade(host::Date first_date, const RecordCounts& records) override;
   void NothingPending() override;
   void Stopped(Stop why, std::string_view path) override;
 
@@ -40,7 +45,8 @@ class ExportAccount : public host::ExportObserver {
   static std::string StopSentence(std::string_view code, Stop why, std::string_view path);
 
  private:
-  void End(enum End end, std::string_view path);
+  // Ends the last point started; `path`, when given, is where it ended.
+  void End(enum End end, std::string_view path = "");
 
   std::vector<Point> points_;
 };

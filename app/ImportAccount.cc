@@ -12,6 +12,7 @@ const std::vector<std::string>& ImportAccount::TagOrder() {
 }
 
 void ImportAccount::FolderMissing(std::string_view folder) {
+  folder_missing_ = true;
   missing_folder_ = AbsolutePath(folder);
 }
 
@@ -59,9 +60,11 @@ std::string ImportAccount::FileNotImported() const {
 
 std::vector<std::string> ImportAccount::Stops() const {
   std::vector<std::string> stops;
-  if (!missing_folder_.empty()) {
-    stops.push_back("the exchange folder " + missing_folder_ +
-                    " does not exist; no file was imported");
+  if (folder_missing_) {
+    stops.push_back((missing_folder_.empty()
+                         ? std::string("the settings name no exchange folder")
+                         : "the exchange folder " + missing_folder_ + " does not exist") +
+                    "; no file was imported");
   }
   std::string undone = FileNotImported();
   if (!undone.empty()) {

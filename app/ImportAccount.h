@@ -53,7 +53,8 @@ class ImportAccount : public host::ImportObserver {
 
  private:
   std::vector<File> files_;
-  std::string missing_folder_;
+  bool folder_missing_ = false;
+  std::string missing_folder_;  // absolute; empty when the settings name none
 };
 
 }  // namespace app

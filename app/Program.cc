@@ -87,6 +87,13 @@ host::IConnector& Program::Connector() {
 
 int Program::Run() {
   started_ = std::chrono::system_clock::now();
+  if (options_.report) {
+    try {
+      CheckReportCanBeWritten(*options_.report);
+    } catch (const std::runtime_error& error) {
+      throw UsageError(error.what());
+    }
+  }
   int exit_code;
   try {
     exit_code = Dispatch();

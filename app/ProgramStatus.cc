@@ -3,6 +3,7 @@
 
 #include "app/ExportAccount.h"
 #include "app/IsoDates.h"
+#include "app/Paths.h"
 #include "app/Program.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/FileSystem.h"
@@ -40,7 +41,9 @@ int Program::StatusCommand() {
   standalone::SqliteDatabase& db = Host().Database();
   const std::string& folder = settings->ImportExportPath;
   bool folder_there = host::FolderExists(folder);
-  out_ << "exchange folder: " << folder << (folder_there ? "" : " (missing)") << '\n';
+  // Absolute: a relative folder is found from where lumaro runs.
+  out_ << "exchange folder: " << (folder.empty() ? "(none)" : AbsolutePath(folder))
+       << (folder_there ? "" : " (missing)") << '\n';
 
   std::vector<std::string> stuck;
   for (int i = 1; i <= settings->LumaroWorkstationCount(); ++i) {

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
@@ -25,20 +24,6 @@ bool IsExport(const ReportedRun& run) {
   return !run.command.empty() && (run.command[0] == "export" || run.command[0] == "reexport");
 }
 
-// The lines of an export file counted by their record tag (the text before
-// the first '^'), in the order the tags first come, as the file holds them.
-Json RecordsByTag(const std::string& path) {
-  Json records = Json::object();
-  std::ifstream file(path, std::ios::binary);
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (line.empty()) continue;
-    std::string tag = line.substr(0, line.find('^'));
-    records[tag] = records.value(tag, int64_t{0}) + 1;
-  }
-  return records;
-}
-
 // The outcome and its details of one point; `end` is the point's entry of
 // the export account, or null when the run did not reach it.
 void DescribePoint(Json& point, const ExportAccount::Point* end, const ReportedRun& run) {
@@ -52,16 +37,22 @@ void DescribePoint(Json& point, const ExportAccount::Point* end, const ReportedR
     switch (end->end) {
       case ExportAccount::End::kNone:
         outcome = "failed";
-        reason = "the run failed while exporting this point: " + run.error +
-                 "; a file begun for it stays as far as it was written";
+        reason = "the run failed while exporting this point: " + run.error;
+        if (end->file_begun) {
+          reason = reason.get<std::string>() + "; its file " + end->path +
+                   " stays as far as it was written";
+        }
         break;
-      case ExportAccount::End::kFileMade:
+      case ExportAccount::End::kFileMade: {
         outcome = "file_made";
+        Json records = Json::object();
+        for (const auto& [tag, count] : end->records) records[tag] = count;
         file = {{"name", host::GetFileName(end->path)},
                 {"path", end->path},
-                {"records", RecordsByTag(end->path)},
+                {"records", std::move(records)},
                 {"first_date", LocalIso(end->first_date)}};
         break;
+      }
       case ExportAccount::End::kNothingPending:
         outcome = "nothing_pending";
         reason = "nothing was pending";
@@ -113,6 +104,8 @@ Json ExchangePoints(const ReportedRun& run, const ExportAccount& exports,
 Json ImportFiles(const ReportedRun& run, const ImportAccount& imports) {
   Json files = Json::array();
   for (const ImportAccount::File& file : imports.Files()) {
+    // The run's error ended the file read last, if it was undone.
+    bool read_last = &file == &imports.Files().back();
     Json records = Json::object();
     Json refused = Json::array();
     for (const std::string& tag : ImportAccount::TagOrder()) {
@@ -133,8 +126,9 @@ Json ImportFiles(const ReportedRun& run, const ImportAccount& imports) {
       reason = file.skipped;
     } else if (!file.committed) {
       outcome = "rolled_back";
-      reason =
-          run.error.empty() ? "the import stopped at this file and undid its changes" : run.error;
+      reason = run.error.empty() || !read_last
+                   ? "the import stopped at this file and undid its changes"
+                   : run.error;
     }
     files.push_back({{"name", file.name},
                      {"outcome", outcome},
@@ -151,11 +145,16 @@ const char* OutcomeOf(int exit_code) {
   return "failed";
 }
 
+// The temporary file beside the report, renamed over it once written.
+fs::path TemporaryPathFor(const fs::path& target) {
+  return target.parent_path() /
+         ("." + target.filename().string() + "." + std::to_string(::getpid()) + ".tmp");
+}
+
 // Writes `text` to `path` through a temporary file of the same folder.
 void ReplaceAtomically(const std::string& path, const std::string& text) {
   fs::path target(path);
-  fs::path temporary = target.parent_path() / ("." + target.filename().string() + "." +
-                                               std::to_string(::getpid()) + ".tmp");
+  fs::path temporary = TemporaryPathFor(target);
   auto fail = [&](const char* what) {
     int error = errno;
     ::unlink(temporary.c_str());
@@ -182,6 +181,21 @@ void ReplaceAtomically(const std::string& path, const std::string& text) {
 }
 
 }  // namespace
+
+void CheckReportCanBeWritten(const std::string& path) {
+  fs::path target(path);
+  std::error_code error;
+  if (fs::is_directory(target, error)) {
+    throw std::runtime_error("cannot write the report " + path + ": it is a folder");
+  }
+  fs::path temporary = TemporaryPathFor(target);
+  int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+  if (fd < 0) {
+    throw std::runtime_error("cannot write the report " + path + ": " + std::strerror(errno));
+  }
+  ::close(fd);
+  ::unlink(temporary.c_str());
+}
 
 void WriteRunReport(const std::string& path, const ReportedRun& run, const RunAccount& account,
                     std::optional<lumaro::LumaroConnectorSetting> settings) {

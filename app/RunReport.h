@@ -23,6 +23,12 @@ struct ReportedRun {
   std::string error;  // the error line; empty when none
 };
 
+// Raises std::runtime_error, saying why, when the report cannot be written
+// at `path` (its folder missing or not writable, or `path` a folder): asked
+// before the run, so that a run is not taken for failed, nor its report
+// missed, for want of a place to write it.
+void CheckReportCanBeWritten(const std::string& path);
+
 // Writes the run report (docs/run-report.schema.json) to `path`: into a
 // temporary file of the same folder, flushed to the disk, then renamed over
 // `path`, so that a monitor reads the old report or the new one, never half

@@ -81,7 +81,7 @@ void LumaroExecutioner::ExportData(const std::string& path, int16_t& index, host
     log.Filename = outcome.file_name;
     log_->Save(log);
     if (host::ExportObserver* observer = ModConnectorLumaro::Host().ExportObserver()) {
-      observer->FileMade(outcome.path, outcome.first_date);
+      observer->FileMade(outcome.first_date, outcome.records);
     }
   } catch (const host::Error& error) {
     throw error.WithSource("<ExportData>");

@@ -1,5 +1,7 @@
 #include "exchange/export/EntryExport.h"
 
+#include <algorithm>
+
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
@@ -89,6 +91,7 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   }
 
   Notifier().Detail(ui.Messages().Text(kMakingExportFile) + " (" + name + ")");
+  Observe([&](host::ExportObserver& o) { o.FileBegun(full_path); });
   writer_ = std::make_unique<host::AnsiTextWriter>(full_path, host::AnsiTextWriter::Mode::kCreate);
   host::SystemContext& context = host_.SystemManager().Context();
   Write(BuildHeader(settings_.SQLCompanyID, settings_.SQLCompanyYear, context.CompanyNumber(),
@@ -98,7 +101,21 @@ EntryExport::Outcome EntryExport::Run(const std::string& folder, double file_num
   WriteSales();
   WriteReceipts();
   writer_->Close();
-  return {true, name, full_path, first.date};
+  return {true, name, first.date, std::move(records_)};
+}
+
+void EntryExport::Write(const std::string& record) {
+  writer_->WriteLine(record);
+  // Counted as records, not as lines of the file: a free text may hold a
+  // line end of its own.
+  std::string_view tag(record.data(), std::min(record.find('^'), record.size()));
+  auto counted = std::find_if(records_.begin(), records_.end(),
+                              [&](const auto& count) { return count.first == tag; });
+  if (counted == records_.end()) {
+    records_.emplace_back(std::string(tag), 1);
+  } else {
+    ++counted->second;
+  }
 }
 
 void EntryExport::Observe(const std::function<void(host::ExportObserver&)>& tell) {

@@ -32,8 +32,8 @@ class EntryExport {
   struct Outcome {
     bool written = false;  // a file was made
     std::string file_name;
-    std::string path;
     host::Date first_date;  // the header's
+    host::ExportObserver::RecordCounts records;
   };
 
   // `notifier` may be empty: the first report then fails, as nothing can be
@@ -67,7 +67,8 @@ class EntryExport {
   // selections of every query of the file read.
   std::string EntryFilter(const std::string& prefix) const;
   host::RecordsetPtr Query(const std::string& sql);
-  void Write(const std::string& line) { writer_->WriteLine(line); }
+  // Writes one record, and counts it by its tag for the host's watcher.
+  void Write(const std::string& record);
   host::IConnectorEvents& Notifier();
   // Tells the host's export watcher, if it has one.
   void Observe(const std::function<void(host::ExportObserver&)>& tell);
@@ -82,6 +83,7 @@ class EntryExport {
   std::string selection_;
   std::unique_ptr<host::AnsiTextWriter> writer_;
   std::unique_ptr<host::SaleDocumentReader> reader_;
+  host::ExportObserver::RecordCounts records_;
   int32_t counter_ = 0;
   int32_t total_ = 0;
 };

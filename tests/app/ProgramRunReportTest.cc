@@ -136,6 +136,22 @@ TEST(ProgramRunReport, AnExportReportsTheFileMadeThenNothingPending) {
   EXPECT_EQ(shop.ExchangeFileCount(), 1u);
 }
 
+// The records are counted as written, not as lines: a free text that holds
+// a line end of its own makes no record of its own.
+TEST(ProgramRunReport, ATextWithALineEndIsPartOfItsRecord) {
+  PosShop shop;
+  {
+    auto db = standalone::SqliteDatabase::Open(shop.Database(),
+                                               standalone::SqliteDatabase::OpenMode::kExisting);
+    db->ExecuteScript("UPDATE SaleTransaction SET Comments = 'first' || char(13, 10) || 'second'");
+  }
+  auto run = shop.Reported({"export", "--report", "run/run.json"});
+  ASSERT_TRUE(run.report.is_object());
+  ExpectReportHead(run, {"export"}, 0, "completed", shop.Database());
+  EXPECT_EQ(run.report["exchange_points"][0]["file"]["records"],
+            CountTags(ReadBytes(kData + "/" + kFirstFile)));
+}
+
 TEST(ProgramRunReport, AFileAlreadyThereStopsItsPointUntilItIsRemoved) {
   PosShop shop;
   // What an export cut short leaves behind.
@@ -217,7 +233,8 @@ TEST(ProgramRunReport, AMissingExchangeFolderStopsTheExport) {
   EXPECT_EQ(status.exit_code, 3) << status.err;
   auto lines = TextLines(status.out);
   ASSERT_FALSE(lines.empty());
-  EXPECT_EQ(lines.front(), "exchange folder: no-such-folder (missing)");
+  // The folder as the program looked for it, from where it runs.
+  EXPECT_EQ(lines.front(), "exchange folder: " + shop.Path() + "/no-such-folder (missing)");
   EXPECT_TRUE(lines.back().starts_with("stuck: point 02: ")) << status.out;
 }
 
@@ -233,15 +250,14 @@ TEST(ProgramStatus, TellsEachPointsPendingWorkAndTheLastImportFiles) {
   PosShop shop;
   auto before = shop.Lumaro({"status"});
   EXPECT_EQ(before.exit_code, 0) << before.err;
-  EXPECT_EQ(before.out,
-            "exchange folder: exchange\n"
-            "point 02: series A, workstations 1,2, active, last file 41\n"
-            "  next file: ETpv 02 0000042.txt (free)\n"
-            "  pending sales: 6, oldest 2026-11-23 00:00:00\n"
-            "  pending receipts: 2, oldest 2026-11-22 18:00:00\n" +
-                kPoint05 +
-                "last import files of workstation 1:\n"
-                "  none\n");
+  EXPECT_EQ(before.out, "exchange folder: " + shop.Exchange() + "\n" +
+                            "point 02: series A, workstations 1,2, active, last file 41\n"
+                            "  next file: ETpv 02 0000042.txt (free)\n"
+                            "  pending sales: 6, oldest 2026-11-23 00:00:00\n"
+                            "  pending receipts: 2, oldest 2026-11-22 18:00:00\n" +
+                            kPoint05 +
+                            "last import files of workstation 1:\n"
+                            "  none\n");
 
   ASSERT_EQ(shop.Lumaro({"export"}).exit_code, 0);
   // Six import files taken one run apiece, an hour apart: the five
@@ -255,19 +271,18 @@ TEST(ProgramStatus, TellsEachPointsPendingWorkAndTheLastImportFiles) {
   }
   auto after = shop.Lumaro({"status"});
   EXPECT_EQ(after.exit_code, 0) << after.err;
-  EXPECT_EQ(after.out,
-            "exchange folder: exchange\n"
-            "point 02: series A, workstations 1,2, active, last file 42\n"
-            "  next file: ETpv 02 0000043.txt (free)\n"
-            "  pending sales: 0\n"
-            "  pending receipts: 0\n" +
-                kPoint05 +
-                "last import files of workstation 1:\n"
-                "  2026-11-23 15:00:00  ITpv0006.txt\n"
-                "  2026-11-23 14:00:00  ITpv0005.txt\n"
-                "  2026-11-23 13:00:00  ITpv0004.txt\n"
-                "  2026-11-23 12:00:00  ITpv0003.txt\n"
-                "  2026-11-23 11:00:00  ITpv0002.txt\n");
+  EXPECT_EQ(after.out, "exchange folder: " + shop.Exchange() + "\n" +
+                           "point 02: series A, workstations 1,2, active, last file 42\n"
+                           "  next file: ETpv 02 0000043.txt (free)\n"
+                           "  pending sales: 0\n"
+                           "  pending receipts: 0\n" +
+                           kPoint05 +
+                           "last import files of workstation 1:\n"
+                           "  2026-11-23 15:00:00  ITpv0006.txt\n"
+                           "  2026-11-23 14:00:00  ITpv0005.txt\n"
+                           "  2026-11-23 13:00:00  ITpv0004.txt\n"
+                           "  2026-11-23 12:00:00  ITpv0003.txt\n"
+                           "  2026-11-23 11:00:00  ITpv0002.txt\n");
 
   auto other = shop.Lumaro({"--workstation", "2", "status"});
   EXPECT_EQ(other.exit_code, 0) << other.err;
@@ -293,6 +308,14 @@ TEST(ProgramRunReport, ACommandLineItCannotTakeExitsTwo) {
     }
     EXPECT_TRUE(fs::is_empty(reports));
   }
+
+  // A report that could not be written is refused before the run: the
+  // export does not happen, so that it is not taken for failed.
+  auto nowhere = shop.Lumaro({"export", "--report", "no-such-folder/run.json"});
+  EXPECT_EQ(nowhere.exit_code, 2);
+  EXPECT_NE(nowhere.err.find("cannot write the report no-such-folder/run.json"), std::string::npos)
+      << nowhere.err;
+  EXPECT_EQ(shop.ExchangeFileCount(), 0u);
 
   // Refused inside the run: the report is written all the same.
   auto backwards =
