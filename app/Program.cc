@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "app/AttachedHost.h"
 #include "app/RunReport.h"
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
@@ -136,20 +137,16 @@ void Program::WriteReport(const Failure& failure) {
 std::optional<lumaro::LumaroConnectorSetting> Program::StoredSettings() {
   if (!host_ && !std::filesystem::exists(options_.db)) return std::nullopt;
   standalone::StandaloneHost& host = Host();
-  // The reading of the settings is the connector's own, linked into this
-  // program; it wants the host.
-  lumaro::ModConnectorLumaro::AttachHost(&host);
+  AttachedHost attached(host);
   lumaro::LumaroConnectorSetting settings;
-  bool stored = false;
-  try {
-    stored = host.Settings().Load(settings);
-  } catch (...) {
-    lumaro::ModConnectorLumaro::DetachHost(&host);
-    throw;
-  }
-  lumaro::ModConnectorLumaro::DetachHost(&host);
-  if (!stored) return std::nullopt;
+  if (!host.Settings().Load(settings)) return std::nullopt;
   return settings;
+}
+
+void Program::StoreSettings(lumaro::LumaroConnectorSetting& settings) {
+  standalone::StandaloneHost& host = Host();
+  AttachedHost attached(host);
+  host.Settings().Save(settings);
 }
 
 int Program::EndOfRun() {
@@ -181,6 +178,7 @@ int Program::Dispatch() {
   if (command == "info") return Info();
   if (command == "settings") return SettingsCommand();
   if (command == "host") return HostCommand();
+  if (command == "backoffice") return BackOfficeCommand();
   if (command == "log") return LogCommand();
   if (command == "import") return ImportCommand();
   if (command == "check") return CheckCommand();

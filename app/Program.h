@@ -40,7 +40,11 @@ class Program {
   int Init();
   int Info();
   int SettingsCommand();
+  int SettingsPassword();
+  // Says on stderr when the document's SQLPassword was not taken.
+  void WarnOfUntakenPassword(const std::string& xml, const std::string& file);
   int HostCommand();
+  int BackOfficeCommand();
   int LogCommand();
   int ImportCommand();
   int CheckCommand();
@@ -62,6 +66,9 @@ class Program {
   // The connector's settings stored in the POS database, read as the
   // connector reads them; nothing when none are stored.
   std::optional<lumaro::LumaroConnectorSetting> StoredSettings();
+  // Stores the settings as the connector writes them (the password
+  // encrypted).
+  void StoreSettings(lumaro::LumaroConnectorSetting& settings);
 
   Options options_;
   std::ostream& out_;

@@ -1,14 +1,20 @@
 // The commands on stored data: settings, host context and the file log.
 
+#include <termios.h>
+#include <unistd.h>
+
 #include <fstream>
+#include <iostream>
 #include <pugixml.hpp>
 #include <sstream>
 #include <stdexcept>
 
+#include "app/AttachedHost.h"
 #include "app/Program.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
+#include "settingsui/BackOfficeConnection.h"
 
 namespace app {
 namespace {
@@ -35,11 +41,65 @@ std::string Readable(const std::string& xml) {
   return text.str();
 }
 
+// A line typed at the terminal without its echo, after the prompt on
+// stderr; a line of standard input as it comes when that is no terminal.
+// Without its line end.
+std::string ReadSecretLine(std::ostream& err, const char* prompt) {
+  bool terminal = ::isatty(STDIN_FILENO) == 1;
+  termios saved{};
+  if (terminal) {
+    err << prompt << std::flush;
+    ::tcgetattr(STDIN_FILENO, &saved);
+    termios quiet = saved;
+    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+  }
+  std::string line;
+  bool read = static_cast<bool>(std::getline(std::cin, line));
+  if (terminal) {
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &saved);
+    err << '\n';
+  }
+  if (!read) throw std::runtime_error("no password was given");
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return line;
+}
+
 }  // namespace
+
+int Program::SettingsPassword() {
+  RequireArguments(2, "settings password");
+  std::optional<lumaro::LumaroConnectorSetting> settings = StoredSettings();
+  if (!settings) {
+    err_ << "lumaro: no settings are stored: load them first with `lumaro settings load FILE`\n";
+    return kFailure;
+  }
+  settings->SQLPassword = ReadSecretLine(err_, "SQL Server password: ");
+  StoreSettings(*settings);
+  return kSuccess;
+}
+
+void Program::WarnOfUntakenPassword(const std::string& xml, const std::string& file) {
+  pugi::xml_document document;
+  if (!document.load_string(xml.c_str())) return;
+  std::string password = document.document_element().attribute("SQLPassword").as_string();
+  if (password.empty()) return;
+  try {
+    Host().Context().Crypto().Decrypt(password);
+  } catch (const host::Error&) {
+    // The connector reads a password this installation did not encrypt as
+    // no password at all, and says nothing.
+    err_ << "lumaro: the SQLPassword of '" << file
+         << "' is not one this installation encrypted, so it was not taken: set the password "
+            "with `lumaro settings password`\n";
+  }
+}
 
 int Program::SettingsCommand() {
   const auto& args = options_.command;
-  if (args.size() < 2) throw UsageError("usage: lumaro settings show|load FILE|delete|validate");
+  if (args.size() < 2) {
+    throw UsageError("usage: lumaro settings show|load FILE|password|delete|validate");
+  }
   const std::string& action = args[1];
   if (action == "show") {
     RequireArguments(2, "settings show");
@@ -58,8 +118,10 @@ int Program::SettingsCommand() {
       err_ << "lumaro: the connector could not store the settings of '" << args[2] << "'\n";
       return kFailure;
     }
+    WarnOfUntakenPassword(xml, args[2]);
     return kSuccess;
   }
+  if (action == "password") return SettingsPassword();
   if (action == "delete") {
     RequireArguments(2, "settings delete");
     if (!Connector().Delete()) {
@@ -75,6 +137,18 @@ int Program::SettingsCommand() {
     return valid ? kSuccess : kFailure;
   }
   throw UsageError("unknown settings command '" + action + "'");
+}
+
+int Program::BackOfficeCommand() {
+  const auto& args = options_.command;
+  if (args.size() != 2 || args[1] != "test") throw UsageError("usage: lumaro backoffice test");
+  std::optional<lumaro::LumaroConnectorSetting> settings = StoredSettings();
+  if (!settings) {
+    err_ << "lumaro: no settings are stored: load them first with `lumaro settings load FILE`\n";
+    return kFailure;
+  }
+  AttachedHost attached(Host());
+  return lumaro::TestBackOfficeConnection(*settings) ? kSuccess : kFailure;
 }
 
 int Program::HostCommand() {

@@ -9,6 +9,7 @@
 #include "connector/host/Ansi.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
+#include "connector/host/FileSystem.h"
 #include "connector/host/Regional.h"
 #include "connector/host/Text.h"
 #include "standalone/schema/PosDatabase.h"
@@ -51,8 +52,17 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
  public:
   explicit HostConnection(SqliteDatabase& database) : database_(database) {}
   host::DatabaseService& Database() override { return database_; }
+  // A server "sqlite:FOLDER" is a back office kept as the SQLite file
+  // FOLDER/<database name>.db, opened read-only: for demonstrations and
+  // tests, and for the tools that build such files (keep the naming).
   std::shared_ptr<host::DatabaseService> OpenDatabase(
       const host::DatabaseDescription& description) override {
+    constexpr std::string_view kFileServer = "sqlite:";
+    if (description.Server.rfind(kFileServer, 0) == 0) {
+      std::string folder = description.Server.substr(kFileServer.size());
+      return SqliteDatabase::Open(host::BuildPath(folder, description.DatabaseName + ".db"),
+                                  SqliteDatabase::OpenMode::kReadOnly, "back-office database");
+    }
     host::RaiseWith(kCannotConnect,
                     "Não é possível ligar à base de dados " + description.DatabaseName + " em " +
                         description.Server + ": este anfitrião não tem ligação ODBC",

@@ -202,7 +202,9 @@ void BindSqlValue(sqlite3_stmt* statement, int index, const host::SqlValue& valu
 
 }  // namespace
 
-std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, OpenMode mode) {
+std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, OpenMode mode,
+                                                     std::string_view what) {
+  const std::string name = "the " + std::string(what) + " '" + path + "'";
   // SQLite's count of its memory takes a global lock at every allocation;
   // nothing here reads it. Only before SQLite starts: later it is refused,
   // harmlessly.
@@ -210,24 +212,27 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
   (void)kNoMemoryCount;
   struct stat info;
   bool exists = ::stat(path.c_str(), &info) == 0;
-  if (!exists && mode == OpenMode::kExisting) {
-    host::RaiseWith(host::err::kFileNotFound, "The POS database '" + path + "' does not exist",
-                    kSource);
+  if (!exists && mode != OpenMode::kCreateIfMissing) {
+    host::RaiseWith(host::err::kFileNotFound, "T" + name.substr(1) + " does not exist", kSource);
   }
   if (exists && S_ISDIR(info.st_mode)) {
-    host::RaiseWith(kCannotConnect, "'" + path + "' is a folder, not a POS database", kSource);
+    host::RaiseWith(kCannotConnect, "'" + path + "' is a folder, not a " + std::string(what),
+                    kSource);
   }
   sqlite3* db = nullptr;
   // One connection serves one thread at a time (a host's connection is not
   // shared between threads), so SQLite's own locking of it is left out.
-  int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
-              (mode == OpenMode::kCreateIfMissing ? SQLITE_OPEN_CREATE : 0);
+  int flags = SQLITE_OPEN_NOMUTEX;
+  if (mode == OpenMode::kReadOnly) {
+    flags |= SQLITE_OPEN_READONLY;
+  } else {
+    flags |= SQLITE_OPEN_READWRITE | (mode == OpenMode::kCreateIfMissing ? SQLITE_OPEN_CREATE : 0);
+  }
   int rc = sqlite3_open_v2(path.c_str(), &db, flags, nullptr);
   if (rc != SQLITE_OK) {
     std::string message = db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
     sqlite3_close(db);
-    host::RaiseWith(kCannotConnect, "Cannot open the POS database '" + path + "': " + message,
-                    kSource);
+    host::RaiseWith(kCannotConnect, "Cannot open " + name + ": " + message, kSource);
   }
   // Reading the schema tells a database from any other file.
   rc = sqlite3_exec(db, "PRAGMA schema_version", nullptr, nullptr, nullptr);
@@ -235,8 +240,7 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
     std::string message =
         rc == SQLITE_NOTADB ? "the file is not a SQLite database" : std::string(sqlite3_errmsg(db));
     sqlite3_close(db);
-    host::RaiseWith(kCannotConnect, "Cannot open the POS database '" + path + "': " + message,
-                    kSource);
+    host::RaiseWith(kCannotConnect, "Cannot open " + name + ": " + message, kSource);
   }
   sqlite3_busy_timeout(db, 5000);
   sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr, nullptr);

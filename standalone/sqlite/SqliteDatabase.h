@@ -37,6 +37,7 @@ class SqliteDatabase : public host::DatabaseService {
   enum class OpenMode {
     kCreateIfMissing,  // a missing file becomes a new, empty database
     kExisting,         // a missing file is an error
+    kReadOnly,         // as kExisting, and nothing can be written
   };
 
   // Counters of the statements run; for benchmarks and tests.
@@ -47,7 +48,9 @@ class SqliteDatabase : public host::DatabaseService {
 
   // Opens the database. Raises a host::Error with a clear description when
   // the file cannot be opened or created, or is not a SQLite database.
-  static std::unique_ptr<SqliteDatabase> Open(const std::string& path, OpenMode mode);
+  // `what` names the database in those descriptions.
+  static std::unique_ptr<SqliteDatabase> Open(const std::string& path, OpenMode mode,
+                                              std::string_view what = "POS database");
   ~SqliteDatabase() override;
   SqliteDatabase(const SqliteDatabase&) = delete;
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
