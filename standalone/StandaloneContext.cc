@@ -60,11 +60,14 @@ std::shared_ptr<host::SystemSettings> StandaloneContext::LoadSettings(int32_t ke
   settings->DefaultUnitOfMeasureID = FieldConverter::ToText(rs->Fields("DefaultUnitOfMeasureID"));
   settings->DefaultCurrencyID = FieldConverter::ToText(rs->Fields("DefaultCurrencyID"));
   settings->TaxRegime = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("TaxRegime")));
+  settings->AplySalesRetentionTax =
+      FieldConverter::ToBoolean(rs->Fields("AplySalesRetentionTax"));
   settings->RetentionTax = FieldConverter::ToNumber(rs->Fields("RetentionTax"));
   settings->CustomerRangeStart = FieldConverter::ToNumber(rs->Fields("CustomerRangeStart"));
   settings->CustomerRangeEnd = FieldConverter::ToNumber(rs->Fields("CustomerRangeEnd"));
   settings->UsePropertyItems = FieldConverter::ToBoolean(rs->Fields("UsePropertyItems"));
   settings->UsePropertyTable = FieldConverter::ToBoolean(rs->Fields("UsePropertyTable"));
+  settings->UseCompositeItems = FieldConverter::ToBoolean(rs->Fields("UseCompositeItems"));
   return settings;
 }
 

@@ -18,11 +18,13 @@ struct SystemSettings {
   std::string DefaultUnitOfMeasureID;
   std::string DefaultCurrencyID;
   int16_t TaxRegime = 0;
+  bool AplySalesRetentionTax = false;
   double RetentionTax = 0;
   double CustomerRangeStart = 0;
   double CustomerRangeEnd = 0;
   bool UsePropertyItems = false;
   bool UsePropertyTable = false;
+  bool UseCompositeItems = false;
 };
 
 }  // namespace host
