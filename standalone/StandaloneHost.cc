@@ -40,9 +40,10 @@ class HostSystemManager : public host::SystemManager {
   double RoundValue(double value, int decimals) const override {
     return host::RoundDecimal(value, decimals);
   }
-  // Each party kind has its own range of ids, ten thousand million wide:
-  // kind 1 (customers) from 1, kind 2 from 10000000001, and so on.
-  double PartyIDBase(double a, int kind) override { return (kind - 1) * 1e10 + a; }
+  // Customers keep their own numbers as party ids; each further party kind
+  // (1 suppliers, 2 salesmen, 3 banks, ...) has a range ten thousand
+  // million wide above them: the local id a of kind k is k * 10^10 + a.
+  double PartyIDBase(double a, int kind) override { return kind * 1e10 + a; }
 
  private:
   host::SystemContext& context_;

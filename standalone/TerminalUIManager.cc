@@ -20,4 +20,11 @@ bool TerminalUIManager::ShowForm(std::string_view form_name) {
   return false;
 }
 
+void TerminalUIManager::ShowError(int32_t number, std::string_view description,
+                                  std::string_view source) {
+  if (before_write_) before_write_();
+  out_ << "error " << number << " in " << source << ": " << description << '\n';
+  out_.flush();
+}
+
 }  // namespace standalone

@@ -28,6 +28,8 @@ class TerminalUIManager : public host::UIManager {
   const host::MessageCatalogue& Messages() const override { return catalogue_; }
   int MsgBox(std::string_view text, int style, std::string_view title = "") override;
   bool ShowForm(std::string_view form_name) override;
+  // "error N in SOURCE: DESCRIPTION", as the program tells its own errors.
+  void ShowError(int32_t number, std::string_view description, std::string_view source) override;
 
  private:
   std::ostream& out_;

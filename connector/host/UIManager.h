@@ -1,6 +1,8 @@
 #ifndef LUMARO_CONNECTOR_HOST_UI_MANAGER_H_
 #define LUMARO_CONNECTOR_HOST_UI_MANAGER_H_
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "connector/host/MessageCatalogue.h"
@@ -34,6 +36,15 @@ class UIManager {
   // Shows the connector's form `form_name` modally. A host without forms
   // says so to the person and answers False.
   virtual bool ShowForm(std::string_view form_name) = 0;
+  // The host's progress window of a long operation: shown with a text (or
+  // its text changed), then closed. A host without one shows nothing.
+  virtual void ShowProgress(std::string_view text) { (void)text; }
+  virtual void CloseProgress() {}
+  // The host's display of an error that ends an operation: a critical
+  // message box with the number and the description, titled by the source.
+  virtual void ShowError(int32_t number, std::string_view description, std::string_view source) {
+    MsgBox(std::to_string(number) + " - " + std::string(description), msgbox::kCritical, source);
+  }
 };
 
 }  // namespace host
