@@ -185,6 +185,8 @@ int Program::Dispatch() {
   if (command == "export") return ExportCommand();
   if (command == "reexport") return ReExportCommand();
   if (command == "status") return StatusCommand();
+  if (command == "initial-load") return InitialLoadCommand();
+  if (command == "delete-all-records") return DeleteAllRecordsCommand();
   throw UsageError("unknown command '" + command + "'");
 }
 

@@ -51,6 +51,8 @@ class Program {
   int ExportCommand();
   int ReExportCommand();
   int StatusCommand();
+  int InitialLoadCommand();
+  int DeleteAllRecordsCommand();
   // The end of an exchange run: the stops on stderr, and the exit code.
   int EndOfRun();
   void WriteReport(const Failure& failure);

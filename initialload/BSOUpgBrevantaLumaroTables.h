@@ -5,11 +5,17 @@
 #include <string>
 
 #include "connector/host/DatabaseService.h"
+#include "initialload/LoadShared.h"
 
 namespace lumaro {
 
-// The load of the POS's tables from the back office's database. For now it
-// holds the steps of the taxes.
+// The load of the POS's tables from the back office's database, after its
+// configuration: it clears what the POS holds, then loads the tables in the
+// order of their dependencies. Every failed statement of a step is written
+// to "Migration.log" and the next one runs; a failure of the clearing
+// reaches the caller. The steps of the geography, the commercial tables,
+// customers, families, warehouses, suppliers, banks, items, stock,
+// documents and tenders are taken in their places as they are built.
 class BSOUpgBrevantaLumaroTables {
  public:
   BSOUpgBrevantaLumaroTables() = default;
@@ -18,10 +24,34 @@ class BSOUpgBrevantaLumaroTables {
   BSOUpgBrevantaLumaroTables(const BSOUpgBrevantaLumaroTables&) = delete;
   BSOUpgBrevantaLumaroTables& operator=(const BSOUpgBrevantaLumaroTables&) = delete;
 
+  // The limits of the load, as SQL lists (quoted codes for customer groups,
+  // salesmen and families; numbers for zones and price lines; patterns for
+  // documents); empty for all.
+  std::string CustomerGroupLimit;
+  std::string ZoneLimit;
+  std::string SalesmanLimit;
+  std::string FamilyLimit;
+  int16_t FamilyLevelLimit = 0;
+  std::string PriceLineLimit;
+  std::string DocumentLimit;
+  double TillID = 0;
+  double DelegationID = 0;
+
   // The back office's database, connected by the caller.
   void SetSourceDatabase(std::shared_ptr<host::DatabaseService> source) {
     source_ = std::move(source);
   }
+  // Told of the progress; may be none.
+  void SetEvents(LoadEvents* events) { events_ = events; }
+
+  // The whole load of the tables: the POS's master data cleared, the taxes,
+  // then UpgradeTables in its initial mode.
+  void InitializeTillara();
+  // The main sequence of the load without the clearing; by itself (not in
+  // the initial mode) it also loads the stock and the ledger accounts.
+  void UpgradeTables();
+  // The series the load's documents take: set by UpgradeTables.
+  const std::string& SeriesKey() const { return series_key_; }
 
   // Fills the run dictionary with the host's tax class of each of the back
   // office's tax types ("TaxableGroupIDTipoIva|<type>"), of each rate
@@ -50,8 +80,15 @@ class BSOUpgBrevantaLumaroTables {
   // date not in the future; the bare prefix when there is none.
   std::string GetParameterKeyByDate(const std::string& prefix);
   host::DatabaseService& Source();
+  // The POS's master data cleared before the load (a failure reaches the
+  // caller).
+  void ClearPosTables();
+  void ExecuteCompactDatabase();
 
   std::shared_ptr<host::DatabaseService> source_;
+  LoadEvents* events_ = nullptr;
+  bool initialize_mode_ = false;
+  std::string series_key_;
 };
 
 }  // namespace lumaro

@@ -28,8 +28,7 @@ const host::DocumentDefinition& DocumentTable::Item(std::string_view trans_docum
   auto it = documents_->find(trans_document);
   if (it == documents_->end()) {
     host::RaiseWith(host::err::kInvalidProcedureCall,
-                    "O documento " + std::string(trans_document) +
-                        " não está definido neste posto",
+                    "O documento " + std::string(trans_document) + " não está definido neste posto",
                     "Documents");
   }
   return it->second;
@@ -60,15 +59,26 @@ std::shared_ptr<host::SystemSettings> StandaloneContext::LoadSettings(int32_t ke
   settings->DefaultUnitOfMeasureID = FieldConverter::ToText(rs->Fields("DefaultUnitOfMeasureID"));
   settings->DefaultCurrencyID = FieldConverter::ToText(rs->Fields("DefaultCurrencyID"));
   settings->TaxRegime = static_cast<int16_t>(FieldConverter::ToNumber(rs->Fields("TaxRegime")));
-  settings->AplySalesRetentionTax =
-      FieldConverter::ToBoolean(rs->Fields("AplySalesRetentionTax"));
+  settings->AplySalesRetentionTax = FieldConverter::ToBoolean(rs->Fields("AplySalesRetentionTax"));
   settings->RetentionTax = FieldConverter::ToNumber(rs->Fields("RetentionTax"));
   settings->CustomerRangeStart = FieldConverter::ToNumber(rs->Fields("CustomerRangeStart"));
   settings->CustomerRangeEnd = FieldConverter::ToNumber(rs->Fields("CustomerRangeEnd"));
   settings->UsePropertyItems = FieldConverter::ToBoolean(rs->Fields("UsePropertyItems"));
   settings->UsePropertyTable = FieldConverter::ToBoolean(rs->Fields("UsePropertyTable"));
   settings->UseCompositeItems = FieldConverter::ToBoolean(rs->Fields("UseCompositeItems"));
+  for (auto special = db_.OpenRecordset("SELECT ConfSpecialID, Active FROM ConfSpecial");
+       !special->Eof(); special->MoveNext()) {
+    settings->SpecialConfigurations[static_cast<int32_t>(FieldConverter::ToNumber(
+        special->Fields("ConfSpecialID")))] = FieldConverter::ToBoolean(special->Fields("Active"));
+  }
   return settings;
+}
+
+std::string StandaloneContext::CurrentUserName() const {
+  if (user_name_) return *user_name_;
+  auto rs = db_.OpenRecordset("SELECT AppUserName FROM AppUsers WHERE AppUserID=" +
+                              std::to_string(user_id_));
+  return rs->Eof() ? "" : FieldConverter::ToText(rs->Fields("AppUserName"));
 }
 
 std::shared_ptr<host::SystemSettings> StandaloneContext::Settings() {

@@ -54,19 +54,27 @@ class StandaloneContext : public host::SystemContext {
   host::Crypto& Crypto() override;
   host::CurrentWorkstation& CurrentWorkstation() override { return workstation_; }
   int32_t CurrentUser() const override { return user_id_; }
+  // The name of the current user, read from AppUsers until it is set.
+  std::string CurrentUserName() const override;
+  void SetCurrentUser(int32_t id, std::string name) override {
+    user_id_ = id;
+    user_name_ = std::move(name);
+  }
   int32_t CurrentSession() const override { return session_id_; }
   int32_t TerminalCount() const override { return store_.TerminalCount(); }
   bool ExternalSeries() const override { return store_.ExternalSeries(); }
   std::string ItemImageFolder() const override { return store_.Get("ItemImageFolder"); }
 
-  // Reads the SystemSettings of a key from ConfSystem; empty when none.
-  std::shared_ptr<host::SystemSettings> LoadSettings(int32_t key);
+  // Reads the SystemSettings of a key from ConfSystem, and the special
+  // configurations from ConfSpecial; empty when there is no such row.
+  std::shared_ptr<host::SystemSettings> LoadSettings(int32_t key) override;
 
  private:
   SqliteDatabase& db_;
   HostContextStore& store_;
   StandaloneWorkstation workstation_;
   int32_t user_id_;
+  std::optional<std::string> user_name_;
   int32_t session_id_;
   std::shared_ptr<host::SystemSettings> settings_;
   std::optional<host::Currency> default_currency_;

@@ -73,4 +73,8 @@ RecordsetPtr DatabaseService::RunCount(const SqlStatement& statement) {
   return OpenRecordset(StatementRunner().CountText(statement), 0, true);
 }
 
+void DatabaseService::Compact() {
+  RaiseWith(err::kInvalidProcedureCall, "this database cannot be compacted", "DatabaseService");
+}
+
 }  // namespace host

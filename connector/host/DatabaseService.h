@@ -116,6 +116,11 @@ class DatabaseService {
     return std::nullopt;
   }
 
+  // The database maintenance's compaction: gives back the room of deleted
+  // rows. Raises when the database cannot be compacted now (inside a
+  // transaction, say) or at all.
+  virtual void Compact();
+
   // Closes the connection; later calls raise 3704.
   virtual void Disconnect() = 0;
   // The kind of database: 0 for the host's own engine, another number else.

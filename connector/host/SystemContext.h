@@ -29,6 +29,9 @@ class SystemContext {
 
   virtual std::shared_ptr<SystemSettings> Settings() = 0;
   virtual void SetSettings(std::shared_ptr<SystemSettings> settings) = 0;
+  // The settings loader: the settings object of `key` read anew from the
+  // database; nullptr when there is none.
+  virtual std::shared_ptr<SystemSettings> LoadSettings(int32_t key) = 0;
   // The default currency.
   virtual const Currency& Defaults() = 0;
   virtual std::string WorkFolder() const = 0;
@@ -37,6 +40,9 @@ class SystemContext {
   virtual host::Crypto& Crypto() = 0;
   virtual host::CurrentWorkstation& CurrentWorkstation() = 0;
   virtual int32_t CurrentUser() const = 0;
+  virtual std::string CurrentUserName() const = 0;
+  // Makes the user of that id and name the current one.
+  virtual void SetCurrentUser(int32_t id, std::string name) = 0;
   virtual int32_t CurrentSession() const = 0;
   virtual int32_t TerminalCount() const = 0;
   virtual bool ExternalSeries() const = 0;

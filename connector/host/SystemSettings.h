@@ -2,6 +2,7 @@
 #define LUMARO_CONNECTOR_HOST_SYSTEM_SETTINGS_H_
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 namespace host {
@@ -25,6 +26,9 @@ struct SystemSettings {
   bool UsePropertyItems = false;
   bool UsePropertyTable = false;
   bool UseCompositeItems = false;
+  // The host's special configurations by their number: whether each is
+  // active.
+  std::map<int32_t, bool> SpecialConfigurations;
 };
 
 }  // namespace host

@@ -83,3 +83,23 @@ CREATE TABLE ArAgr (
   PRIMARY KEY (CArt, CArtC));
 INSERT INTO ArAgr VALUES ('CABAZ', 'PAO', 2);
 INSERT INTO ArAgr VALUES ('CABAZ', 'CAFE', 1);
+
+-- Payment conditions (cash, by days, in parts) and the parts of one.
+CREATE TABLE CDPag (
+  CPag VARCHAR(10) NOT NULL PRIMARY KEY,
+  DESCR VARCHAR(40),
+  PPag BIT,
+  tipo VARCHAR(1),
+  Dias SMALLINT);
+INSERT INTO CDPag VALUES ('PP', 'Pronto pagamento', 1, 'D', 0);
+INSERT INTO CDPag VALUES ('30D', '30 dias', 0, 'D', 30);
+INSERT INTO CDPag VALUES ('3X', 'Três prestações', 0, 'P', 0);
+
+CREATE TABLE CdCob (
+  Cpag VARCHAR(10) NOT NULL,
+  Dias SMALLINT NOT NULL,
+  Perc FLOAT,
+  PRIMARY KEY (Cpag, Dias));
+INSERT INTO CdCob VALUES ('3X', 30, 40);
+INSERT INTO CdCob VALUES ('3X', 60, 30);
+INSERT INTO CdCob VALUES ('3X', 90, 30);

@@ -269,6 +269,16 @@ void SqliteDatabase::FinalizeAll() {
   result_columns_.clear();
 }
 
+void SqliteDatabase::Compact() {
+  RequireOpen();
+  if (transaction_depth_ > 0) {
+    host::RaiseWith(host::err::kInvalidProcedureCall,
+                    "the POS database cannot be compacted inside a transaction", kSource);
+  }
+  int rc = sqlite3_exec(db_, "VACUUM", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) RaiseSqlError(rc, "VACUUM");
+}
+
 void SqliteDatabase::RequireOpen() const {
   if (db_ == nullptr) host::Raise(host::err::kOperationNotAllowedWhenClosed, kSource);
 }

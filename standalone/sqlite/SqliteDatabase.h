@@ -74,6 +74,8 @@ class SqliteDatabase : public host::DatabaseService {
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;
+  // VACUUM; refused inside a transaction.
+  void Compact() override;
   void Disconnect() override;
   int DatabaseKind() const override { return 0; }
   std::optional<int64_t> ChangeCounter(std::string_view table) const override;

@@ -1,0 +1,196 @@
+// The configuration steps of the load: currencies, the reload of the
+// company's settings, the tax region, the delegation's range of customers.
+
+#include "connector/ModConnectorLumaro.h"
+#include "connector/host/Conversions.h"
+#include "connector/host/Error.h"
+#include "connector/host/FieldConverter.h"
+#include "connector/host/Text.h"
+#include "initialload/BSOUpgBrevantaLumaroConfiguration.h"
+#include "initialload/LoadStep.h"
+
+namespace lumaro {
+namespace {
+
+using host::FieldConverter;
+
+host::SystemContext& Context() { return ModConnectorLumaro::Host().SystemManager().Context(); }
+
+double Field(const host::Recordset& rs, const char* name) {
+  return FieldConverter::ToNumber(rs.Fields(name));
+}
+
+// The columns of a Currency row and of its name, from a row of Moeda.
+void FillCurrency(const host::Recordset& rs, const std::string& id, const std::string& language,
+                  host::SqlStatement& currency, host::SqlStatement& names) {
+  bool euro = FieldConverter::ToBoolean(rs.Fields("UEM"));
+  double camb = Field(rs, "Camb");
+  currency.Text("CurrencyKey", FieldConverter::ToText(rs.Fields("CMoe")));
+  currency.KeyText("CurrencyID", id);
+  names.KeyText("CurrencyID", id);
+  names.KeyText("LanguageID", language);
+  names.Text("Description", host::Trim(FieldConverter::ToText(rs.Fields("DESCR"))));
+  currency.Date("ExchangeDate", FieldConverter::ToDate(rs.Fields("DtCamb")));
+  currency.Number("DecimalPlaces", Field(rs, "Rnd") <= 0 ? 0 : Field(rs, "Rnd"));
+  currency.Number("PriceItemDecimalPlaces", Field(rs, "RndP") <= 0 ? 0 : Field(rs, "RndP"));
+  currency.Boolean("ItsEuroCurrency", euro);
+  currency.Text("RelatedCurrencyID", "EUR");
+  currency.Number("EuroConversionRate", euro ? Field(rs, "TConv") : 1);
+  // Kept apart on purpose: the sale exchange is rounded after the division,
+  // the buy exchange divides by the rounded rate and is not rounded again.
+  currency.Number("SaleExchange", euro ? 1 : camb > 0 ? host::RoundDecimal(1 / camb, 6) : 1);
+  currency.Number("BuyExchange", euro ? 1 : camb > 0 ? 1 / host::RoundDecimal(camb, 6) : 1);
+  SetAuditColumns(currency);
+  SetAuditColumns(names);
+}
+
+}  // namespace
+
+BSOUpgBrevantaLumaroConfiguration::~BSOUpgBrevantaLumaroConfiguration() {
+  if (!source_) return;
+  try {
+    source_->Disconnect();
+  } catch (const host::Error&) {
+    // Closing what is going anyway.
+  }
+}
+
+host::DatabaseService& BSOUpgBrevantaLumaroConfiguration::Source() {
+  if (!source_) host::Raise(host::err::kObjectNotSet, "SourceDatabase");
+  return *source_;
+}
+
+void BSOUpgBrevantaLumaroConfiguration::UpgradeConfiguration() {
+  Upgrade_Currency();
+  ReloadSettings();
+  Upgrade_AppGroups();
+  Upgrade_AppUsers();
+}
+
+void BSOUpgBrevantaLumaroConfiguration::InitializeTillara() {
+  Upgrade_Currency();
+  ReloadSettings();
+  Upgrade_ConfSystem();
+  Upgrade_AppGroups();
+  Upgrade_AppUsers();
+  UpgradeCustomerRange();
+}
+
+void BSOUpgBrevantaLumaroConfiguration::Upgrade_Currency() {
+  LoadStep step("Upgrade_Currency");
+  if (events_) events_->ProgressGlobal("Currency", "");
+  host::SqlStatement currency;
+  host::SqlStatement names;
+  currency.SetTable("Currency");
+  names.SetTable("CurrencyNames");
+  host::RecordsetPtr rs;
+  if (!step.Run(1, [&] { rs = Source().OpenRecordset("SELECT * FROM [Moeda]"); })) return;
+  host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
+  std::string language = ModConnectorLumaro::GetSystemSettings()->LanguageID;
+  double count = 0;
+  double total = rs->RecordCount();
+  for (; total > 0 && !rs->Eof(); rs->MoveNext()) {
+    std::string code = FieldConverter::ToText(rs->Fields("CMoe"));
+    if (code == "PTE") keys.Add(host::Variant(Field(*rs, "TConv")), "CurrencyExchange");
+    std::string id = host::Trim(host::Left(host::UCase(code), 3));
+    ++count;
+    currency.ClearColumns();
+    names.ClearColumns();
+    currency.SetOperation(2);
+    names.SetOperation(2);
+    step.Run(2, [&] { FillCurrency(*rs, id, language, currency, names); });
+    if (!id.empty()) {
+      step.Run(3, [&] {
+        host::DatabaseService& pos = LoadTarget();
+        std::string upper = host::UCase(id);
+        host::RecordsetPtr found = pos.OpenRecordset("SELECT COUNT(*) FROM [Currency] " +
+                                                     std::string("WHERE CurrencyID = '") +
+                                                     pos.SqlFormat().QuoteText(upper) + "'");
+        bool exists = FieldConverter::ToNumber(found->Fields(0)) > 0;
+        host::RecordsetTools::CloseRecordset(found);
+        if (exists) {
+          currency.KeyText("CurrencyID", upper);
+          names.KeyText("CurrencyID", upper);
+          RunUpdateText(currency);
+          RunUpdateText(names);
+        } else {
+          currency.Text("DecimalSeparator", ".");
+          currency.Text("GroupSeparator", ",");
+          currency.Text("SymbolPosition", "1 #");
+          currency.Text("NegativeFormat", "-1 #");
+          currency.Text("CurrencyID", id);
+          names.Text("CurrencyID", id);
+          names.Text("LanguageID", language);
+          RunInsertText(currency);
+          RunInsertText(names);
+        }
+      });
+    }
+    // A code of more than three characters keeps a key of its own, though
+    // its row is that of its first three.
+    keys.Add(host::Variant(id), "Currency|" + host::Trim(code));
+    if (events_) events_->ProgressCurrent("Currency", count, total);
+  }
+  host::RecordsetTools::CloseRecordset(rs);
+  step.Run(4, [&] { keys.Add(host::Variant(Context().Defaults().CurrencyID), "Currency|"); });
+}
+
+void BSOUpgBrevantaLumaroConfiguration::ReloadSettings() {
+  LoadStep("InitializeTillara").Run(1, [&] {
+    host::SystemContext& context = Context();
+    context.SetSettings(context.LoadSettings(context.Settings()->Key));
+  });
+}
+
+void BSOUpgBrevantaLumaroConfiguration::Upgrade_ConfSystem() {
+  LoadStep("Upgrade_ConfSystem").Run(1, [&] {
+    host::RecordsetPtr rs = Source().OpenRecordset("SELECT Valor FROM ParEMp WHERE CPar='Sede'");
+    if (rs->Eof()) return;
+    std::string seat = FieldConverter::ToText(rs->Fields("Valor"));
+    host::RecordsetTools::CloseRecordset(rs);
+    // Exactly these letters; any other leaves the region as it stands.
+    std::string region = seat == "C" ? "CON" : seat == "M" ? "MA" : seat == "A" ? "AC" : "";
+    std::shared_ptr<host::SystemSettings> settings = ModConnectorLumaro::GetSystemSettings();
+    if (region.empty() || region == settings->TaxRegionID) return;
+    settings->TaxRegionID = region;
+    LoadTarget().OpenRecordset("UPDATE ConfSystem SET TaxRegionID = '" + region + "'");
+  });
+}
+
+void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppGroups() {
+  // The user groups of the back office's Grupo are not loaded yet.
+}
+
+void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
+  // The operators of the back office's Opers are not loaded yet.
+}
+
+void BSOUpgBrevantaLumaroConfiguration::UpgradeCustomerRange() {
+  LoadStep("InitializeTillara").Run(2, [&] {
+    host::RecordsetPtr rs = Source().OpenRecordset("SELECT * FROM Deleg WHERE CDlg=" +
+                                                   Source().SqlFormat().Number(delegation_id_));
+    if (rs->Eof()) return;
+    std::shared_ptr<host::SystemSettings> settings = ModConnectorLumaro::GetSystemSettings();
+    double start = settings->CustomerRangeStart;
+    double end = settings->CustomerRangeEnd;
+    if (rs->HasField("CCliIn") && rs->HasField("CCliFi")) {
+      start = Field(*rs, "CCliIn");
+      end = Field(*rs, "CCliFi");
+      if (start < 0) start = 0;
+      if (end < 0) end = 9999999999;
+    }
+    host::RecordsetTools::CloseRecordset(rs);
+    if (start == settings->CustomerRangeStart && end == settings->CustomerRangeEnd) return;
+    host::DatabaseService& pos = LoadTarget();
+    const host::SqlFormat& format = pos.SqlFormat();
+    pos.OpenRecordset("UPDATE ConfSystem SET CustomerRangeStart=" + format.Number(start) +
+                      ", CustomerRangeEnd=" + format.Number(end));
+    settings->CustomerRangeStart = start;
+    settings->CustomerRangeEnd = end;
+    settings->SpecialConfigurations[40] = false;
+    pos.OpenRecordset("UPDATE ConfSpecial SET Active =" + format.Boolean(false) +
+                      " WHERE ConfSpecialID=40");
+  });
+}
+
+}  // namespace lumaro

@@ -1,0 +1,41 @@
+#include "initialload/LoadShared.h"
+
+#include "connector/ModConnectorLumaro.h"
+#include "connector/host/FieldConverter.h"
+#include "initialload/LoadStep.h"
+
+namespace lumaro {
+
+host::DatabaseService& LoadTarget() {
+  return ModConnectorLumaro::Host().DataManager().Connection().Database();
+}
+
+double GetNewIDFromTable(const std::string& table, const std::string& field) {
+  double id = 0;
+  LoadStep("GetNewIDFromTable").Run(1, [&] {
+    host::RecordsetPtr rs =
+        LoadTarget().OpenRecordset("SELECT MAX([" + field + "])+1 FROM [" + table + "]");
+    id = rs->Eof() || rs->Fields(0).IsNull() ? 1 : host::FieldConverter::ToNumber(rs->Fields(0));
+    host::RecordsetTools::CloseRecordset(rs);
+  });
+  return id;
+}
+
+void SetAuditColumns(host::SqlStatement& statement) {
+  host::SystemContext& context = ModConnectorLumaro::Host().SystemManager().Context();
+  statement.Number("WorkstationID", context.CurrentWorkstation().WorkstationID());
+  statement.Number("SessionID", context.CurrentSession());
+  statement.Number("UserAlt", context.CurrentUser());
+  statement.Date("DtAlt", host::Today());
+  statement.Time("HrAlt", host::Now());
+}
+
+void RunInsertText(const host::SqlStatement& statement) {
+  LoadTarget().OpenRecordset(LoadTarget().StatementRunner().InsertText(statement));
+}
+
+void RunUpdateText(const host::SqlStatement& statement) {
+  LoadTarget().OpenRecordset(LoadTarget().StatementRunner().UpdateText(statement));
+}
+
+}  // namespace lumaro

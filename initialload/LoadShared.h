@@ -1,0 +1,40 @@
+#ifndef LUMARO_INITIALLOAD_LOAD_SHARED_H_
+#define LUMARO_INITIALLOAD_LOAD_SHARED_H_
+
+#include <string>
+#include <string_view>
+
+#include "connector/host/DatabaseService.h"
+#include "connector/host/SqlStatement.h"
+
+namespace lumaro {
+
+// What the load tells of its progress: the table a step begins
+// (ProgressGlobal), and the rows done of the rows it read (ProgressCurrent).
+class LoadEvents {
+ public:
+  virtual ~LoadEvents() = default;
+  virtual void ProgressGlobal(std::string_view task, std::string_view task_detail) = 0;
+  virtual void ProgressCurrent(std::string_view task, double current, double max) = 0;
+};
+
+// The host's POS database, which the load fills.
+host::DatabaseService& LoadTarget();
+
+// The next free id of `field` in `table` of the POS database: its greatest
+// value plus 1; 1 for an empty table. A failure is logged under
+// "GetNewIDFromTable" and gives 0.
+double GetNewIDFromTable(const std::string& table, const std::string& field);
+
+// The audit columns of a row the load writes by statement: the host's
+// workstation, session and user, today's date and the time of day.
+void SetAuditColumns(host::SqlStatement& statement);
+
+// Runs the INSERT or the UPDATE text of a statement on the POS database, as
+// the statement runner writes it.
+void RunInsertText(const host::SqlStatement& statement);
+void RunUpdateText(const host::SqlStatement& statement);
+
+}  // namespace lumaro
+
+#endif  // LUMARO_INITIALLOAD_LOAD_SHARED_H_

@@ -1,0 +1,72 @@
+// The order of the load of the tables: the clearing, the taxes, and the
+// main sequence.
+
+#include "connector/ModConnectorLumaro.h"
+#include "connector/host/Error.h"
+#include "initialload/BSOUpgBrevantaLumaroTables.h"
+#include "initialload/LoadStep.h"
+#include "maintenance/UIRecovery.h"
+
+namespace lumaro {
+
+void BSOUpgBrevantaLumaroTables::InitializeTillara() {
+  initialize_mode_ = true;
+  // No handler of its own: a failure of the clearing reaches the caller.
+  ClearPosTables();
+  ExecuteCompactDatabase();
+  Upgrade_Taxes();
+  Upgrade_TaxExemptionReason();
+  UpgradeTables();
+  // The document types are loaded here once built.
+}
+
+void BSOUpgBrevantaLumaroTables::ClearPosTables() {
+  UIRecovery recovery;
+  // Promotions, discounts, items, families, suppliers, customers, payment
+  // terms, zones, events, price history, banks; not the salesmen (6) nor
+  // the no-sale records (11).
+  for (int32_t kind : {0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 12}) recovery.DeleteKassimoTables(kind);
+  recovery.DBDeleteAllRecordsInTable("Carrier");
+  recovery.DBDeleteAllRecordsInTable("CustomerGroups");
+  // The rows of id 0 of price lines, colours and sizes stay on purpose.
+  for (const char* sql :
+       {"DELETE FROM [PriceLine] WHERE [PriceLineID]>0", "DELETE FROM [Color] WHERE [ColorID]>0",
+        "DELETE FROM [Size] WHERE [SizeID]>0", "DELETE FROM [ItemPropertytable]",
+        "DELETE FROM [ItemProperty]"}) {
+    LoadTarget().OpenRecordset(sql);
+  }
+}
+
+void BSOUpgBrevantaLumaroTables::ExecuteCompactDatabase() {
+  try {
+    LoadTarget().Compact();
+  } catch (const host::Error& error) {
+    LoadStep("ExecuteCompactDatabase").Run(1, [&] { throw error; });
+    ModConnectorLumaro::Host().UIManager().MsgBox(
+        std::to_string(error.Number()) + " - " + error.Description(), host::msgbox::kCritical);
+  }
+}
+
+void BSOUpgBrevantaLumaroTables::UpgradeTables() {
+  LoadStep step("UpgradeTables");
+  step.Run(1, [&] {
+    host::RecordsetPtr terms = Source().OpenRecordset("SELECT * FROM CDPag");
+    bool any = !terms->Eof();
+    host::RecordsetTools::CloseRecordset(terms);
+    if (any) UIRecovery().DeleteKassimoTables(7);
+  });
+  step.Run(2, [&] {
+    host::SystemContext& context = ModConnectorLumaro::Host().SystemManager().Context();
+    // The external series ("EXT") of a plain load is made once that step is
+    // built; until then every load takes the workstation's series.
+    series_key_ = context.CurrentWorkstation().SeriesKey();
+  });
+  Load_ApplicationParam();
+  Load_Taxes();
+  // The geography, commercial tables, customers, families, warehouses,
+  // suppliers, banks, units, properties, items, kits, alternatives, and in a
+  // plain load the ledger accounts and the stock, take their places here as
+  // they are built.
+}
+
+}  // namespace lumaro
