@@ -1,5 +1,6 @@
 // The configuration steps of the load: currencies, the reload of the
-// company's settings, the tax region, the delegation's range of customers.
+// company's settings, the tax region, user groups and users, the
+// delegation's range of customers.
 
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
@@ -42,6 +43,36 @@ void FillCurrency(const host::Recordset& rs, const std::string& id, const std::s
   currency.Number("BuyExchange", euro ? 1 : camb > 0 ? 1 / host::RoundDecimal(camb, 6) : 1);
   SetAuditColumns(currency);
   SetAuditColumns(names);
+}
+
+constexpr int32_t kDefaultGroup = 3880107;
+
+// The names of groups or users: the description alone when every
+// description is different (the code when the description is empty); else
+// the code, a space and the description, for all.
+class UniqueNames {
+ public:
+  void SetUnique(bool unique) { unique_ = unique; }
+  std::string Of(const std::string& code, const std::string& description) const {
+    std::string text = host::Trim(description);
+    if (unique_) return text.empty() ? code : text;
+    return code + (code.empty() ? "" : " ") + text;
+  }
+
+ private:
+  bool unique_ = true;
+};
+
+// Opens `rows` on the back office, and tells `names` whether the
+// descriptions are unique: whether `distinct` counts as many rows.
+host::RecordsetPtr OpenWithUniqueness(host::DatabaseService& source, const std::string& distinct,
+                                      const std::string& rows, UniqueNames& names) {
+  host::RecordsetPtr descriptions = source.OpenRecordset(distinct);
+  int32_t different = descriptions->RecordCount();
+  host::RecordsetTools::CloseRecordset(descriptions);
+  host::RecordsetPtr rs = source.OpenRecordset(rows);
+  names.SetUnique(different == rs->RecordCount());
+  return rs;
 }
 
 }  // namespace
@@ -158,11 +189,118 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_ConfSystem() {
 }
 
 void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppGroups() {
-  // The user groups of the back office's Grupo are not loaded yet.
+  LoadStep step("Upgrade_AppGroups");
+  if (events_) events_->ProgressGlobal("AppGroups", "");
+  std::unique_ptr<host::AppGroupService> groups;
+  UniqueNames names;
+  host::RecordsetPtr rs;
+  if (!step.Run(1, [&] {
+        groups = ModConnectorLumaro::Host().NewAppGroupService();
+        rs = OpenWithUniqueness(Source(), "SELECT DISTINCT Descr FROM Grupo GROUP By Descr",
+                                "SELECT * FROM Grupo", names);
+      })) {
+    return;
+  }
+  host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
+  const host::NameTools& reserved = ModConnectorLumaro::Host().NameTools();
+  // Found by its name, or made; a reserved name takes "_" in front, once.
+  auto group_named = [&](std::string name) {
+    if (reserved.IsReserved(name)) name = "_" + name;
+    std::optional<host::AppGroup> group = groups->FindByName(name);
+    if (group) return group->AppGroupID;
+    host::AppGroup made;
+    made.AppGroupName = name;
+    return groups->Add(made);
+  };
+  double count = 0;
+  double total = rs->RecordCount();
+  for (; !rs->Eof(); rs->MoveNext()) {
+    ++count;
+    std::string code = host::Trim(FieldConverter::ToText(rs->Fields("CGr")));
+    step.Run(2, [&] {
+      int16_t id = group_named(names.Of(code, FieldConverter::ToText(rs->Fields("Descr"))));
+      keys.Add(host::Variant(id), "AppGroups|" + code);
+    });
+    if (events_) events_->ProgressCurrent("AppGroups", count, total);
+  }
+  host::RecordsetTools::CloseRecordset(rs);
+  step.Run(3, [&] {
+    std::string name = ModConnectorLumaro::Host().UIManager().Messages().Text(kDefaultGroup);
+    keys.Add(host::Variant(group_named(name)), "AppGroups|");
+  });
 }
 
 void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
-  // The operators of the back office's Opers are not loaded yet.
+  LoadStep step("Upgrade_AppUsers");
+  if (events_) events_->ProgressGlobal("AppUsers", "");
+  std::string clause = app_users_limit_.empty() ? "" : " WHERE COper IN (" + app_users_limit_ + ")";
+  std::unique_ptr<host::AppUserService> users;
+  UniqueNames names;
+  host::RecordsetPtr rs;
+  if (!step.Run(1, [&] {
+        users = ModConnectorLumaro::Host().NewAppUserService();
+        rs = OpenWithUniqueness(Source(),
+                                "SELECT DISTINCT Descr FROM Opers" + clause + " GROUP By Descr",
+                                "SELECT * FROM Opers" + clause, names);
+      })) {
+    return;
+  }
+  host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
+  const host::NameTools& reserved = ModConnectorLumaro::Host().NameTools();
+  std::unique_ptr<host::AppGroupService> groups = ModConnectorLumaro::Host().NewAppGroupService();
+  host::DatabaseService& pos = LoadTarget();
+  host::SystemContext& context = Context();
+  bool current_user_seen = false;
+  std::optional<std::pair<int32_t, std::string>> last_user;
+  double count = 0;
+  double total = rs->RecordCount();
+  for (; !rs->Eof(); rs->MoveNext()) {
+    ++count;
+    step.Run(2, [&] {
+      std::string key = FieldConverter::ToText(rs->Fields("COper"));
+      std::string name = names.Of(host::Trim(key), FieldConverter::ToText(rs->Fields("Descr")));
+      // Users take the "_" of a reserved name behind it, unlike groups: kept
+      // so on purpose.
+      if (reserved.IsReserved(name)) name += "_";
+      std::shared_ptr<host::AppUser> user = users->GetByKey(key);
+      // A name another user has takes "_" until it is free.
+      auto taken = [&] {
+        std::string other = user ? "AppUserID <>" + std::to_string(user->AppUserID) + " AND " : "";
+        host::RecordsetPtr found =
+            pos.OpenRecordset("SELECT * FROM AppUsers WHERE " + other + " AppUserName='" +
+                              pos.SqlFormat().QuoteText(name) + "'");
+        bool any = !found->Eof();
+        host::RecordsetTools::CloseRecordset(found);
+        return any;
+      };
+      while (taken()) name += "_";
+      if (!user) {
+        user = std::make_shared<host::AppUser>();
+        user->AppUserKey = key;
+        user->AppUserName = name;
+        host::Variant group =
+            keys.Item("AppGroups|" + host::Trim(FieldConverter::ToText(rs->Fields("CGr"))));
+        if (!group.IsEmpty()) {
+          int16_t group_id = static_cast<int16_t>(host::CDbl(group));
+          if (groups->Exists(group_id)) user->Groups.push_back(group_id);
+        }
+      } else {
+        user->AppUserName = name;
+      }
+      users->Save(*user);
+      if (user->AppUserID == context.CurrentUser()) {
+        context.SetCurrentUser(user->AppUserID, user->AppUserName);
+        current_user_seen = true;
+      }
+      last_user.emplace(user->AppUserID, user->AppUserName);
+      keys.Add(host::Variant(user->AppUserID), "AppUsers|" + host::Trim(key));
+    });
+    if (events_) events_->ProgressCurrent("AppUsers", count, total);
+  }
+  host::RecordsetTools::CloseRecordset(rs);
+  // The current user is one that exists: the last one handled, when it was
+  // none of them.
+  if (!current_user_seen && last_user) context.SetCurrentUser(last_user->first, last_user->second);
 }
 
 void BSOUpgBrevantaLumaroConfiguration::UpgradeCustomerRange() {

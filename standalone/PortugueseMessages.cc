@@ -15,7 +15,7 @@ const std::map<int32_t, std::string_view>& PortugueseMessages() {
       {3880040, "Extracomunitária"},
       {3880041, "Geral"},  // also the root family that the family import hangs on
       {3880045, "Medida %1"},
-      {3880107, "Geral"},
+      {3880107, "Utilizadores"},
 
       // Initial load: titles of the contact persons of customers and suppliers.
       {3880103, "Tesouraria"},

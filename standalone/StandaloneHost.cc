@@ -13,6 +13,7 @@
 #include "connector/host/Regional.h"
 #include "connector/host/Text.h"
 #include "standalone/schema/PosDatabase.h"
+#include "standalone/services/SqliteAppUserServices.h"
 #include "standalone/services/SqliteCustomerService.h"
 #include "standalone/services/SqliteEntityServices.h"
 #include "standalone/services/SqliteFamilyService.h"
@@ -226,6 +227,14 @@ std::unique_ptr<host::FamilyService> StandaloneHost::NewFamilyService() {
 
 std::unique_ptr<host::SupplierService> StandaloneHost::NewSupplierService() {
   return std::make_unique<SqliteSupplierService>(*database_);
+}
+
+std::unique_ptr<host::AppGroupService> StandaloneHost::NewAppGroupService() {
+  return std::make_unique<SqliteAppGroupService>(*database_);
+}
+
+std::unique_ptr<host::AppUserService> StandaloneHost::NewAppUserService() {
+  return std::make_unique<SqliteAppUserService>(*database_);
 }
 
 std::unique_ptr<host::ItemPropertyService> StandaloneHost::NewItemPropertyService() {

@@ -44,6 +44,8 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::SettingStore> NewSettingStore() override;
   std::unique_ptr<host::TextSigner> NewTextSigner() override;
   std::unique_ptr<host::SaleDocumentReader> NewSaleDocumentReader() override;
+  std::unique_ptr<host::AppGroupService> NewAppGroupService() override;
+  std::unique_ptr<host::AppUserService> NewAppUserService() override;
   std::unique_ptr<host::CurrencyService> NewCurrencyService() override;
   std::unique_ptr<host::SalesmanService> NewSalesmanService() override;
   std::unique_ptr<host::CarrierService> NewCarrierService() override;

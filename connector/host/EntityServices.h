@@ -11,8 +11,10 @@
 // the host's first by id.
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "connector/host/Currency.h"
 #include "connector/host/Entities.h"
@@ -20,6 +22,47 @@
 #include "connector/host/Recordset.h"
 
 namespace host {
+
+// A group of the host's users.
+struct AppGroup {
+  int16_t AppGroupID = 0;
+  std::string AppGroupName;
+};
+
+class AppGroupService {
+ public:
+  virtual ~AppGroupService() = default;
+  // The group of that name, or none.
+  virtual std::optional<AppGroup> FindByName(std::string_view name) = 0;
+  // Adds a new group (its id 0) under the next id, which it takes and
+  // returns.
+  virtual int16_t Add(AppGroup& group) = 0;
+  virtual bool Exists(int16_t group_id) = 0;
+};
+
+// One of the host's users: its key (the back office's operator code), its
+// name, what it may do, and its groups.
+struct AppUser {
+  int16_t AppUserID = 0;
+  std::string AppUserKey;
+  std::string AppUserName;
+  int16_t SecurityLevel = 0;
+  double MaximumDiscount = 0;
+  int32_t DefaultWorkstationID = 0;
+  bool Active = true;
+  bool CanChangePrices = true;
+  bool CanVoidDocuments = true;
+  std::vector<int16_t> Groups;
+};
+
+class AppUserService {
+ public:
+  virtual ~AppUserService() = default;
+  // The user of that key, or an empty reference.
+  virtual std::shared_ptr<AppUser> GetByKey(std::string_view key) = 0;
+  // Saves the user and its groups; a new one (id 0) takes the next id.
+  virtual void Save(AppUser& user) = 0;
+};
 
 class CurrencyService {
  public:

@@ -88,6 +88,8 @@ class Host {
   virtual std::unique_ptr<host::SettingStore> NewSettingStore() = 0;
   virtual std::unique_ptr<host::TextSigner> NewTextSigner() = 0;
   virtual std::unique_ptr<host::SaleDocumentReader> NewSaleDocumentReader() = 0;
+  virtual std::unique_ptr<host::AppGroupService> NewAppGroupService() = 0;
+  virtual std::unique_ptr<host::AppUserService> NewAppUserService() = 0;
   virtual std::unique_ptr<host::CurrencyService> NewCurrencyService() = 0;
   virtual std::unique_ptr<host::SalesmanService> NewSalesmanService() = 0;
   virtual std::unique_ptr<host::CarrierService> NewCarrierService() = 0;

@@ -38,11 +38,18 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
                     "'" + database.Path() + "' is a SQLite database but not a POS database",
                     "PosDatabase");
   }
-  // Version 0 is an empty database; there are no older versions yet.
+  // Version 0 is an empty database, made whole; an older version is brought
+  // up step by step. Either way all of it or none.
   database.BeginTrans();
   try {
-    for (std::string_view statement : PosSchemaStatements()) database.ExecuteScript(statement);
-    for (std::string_view statement : FactoryDataStatements()) database.ExecuteScript(statement);
+    if (version == 0) {
+      for (std::string_view statement : PosSchemaStatements()) database.ExecuteScript(statement);
+      for (std::string_view statement : FactoryDataStatements()) database.ExecuteScript(statement);
+    } else {
+      for (int from = version; from < kPosSchemaVersion; ++from) {
+        for (std::string_view statement : PosSchemaUpgrade(from)) database.ExecuteScript(statement);
+      }
+    }
     database.CommitTrans();
   } catch (...) {
     // The first failure is the one to report; a commit that failed may have
@@ -55,7 +62,7 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
     }
     throw;
   }
-  return PreparedAs::kCreated;
+  return version == 0 ? PreparedAs::kCreated : PreparedAs::kUpgraded;
 }
 
 }  // namespace standalone

@@ -51,4 +51,21 @@ std::vector<std::string_view> PosSchemaStatements() {
   return statements;
 }
 
+std::vector<std::string_view> PosSchemaUpgrade(int from) {
+  switch (from) {
+    case 1:
+      // 2: what a user may do, which the initial load sets on the users it
+      // makes.
+      return {"ALTER TABLE AppUsers ADD COLUMN SecurityLevel SMALLINT NOT NULL DEFAULT 0",
+              "ALTER TABLE AppUsers ADD COLUMN MaximumDiscount FLOAT NOT NULL DEFAULT 0",
+              "ALTER TABLE AppUsers ADD COLUMN DefaultWorkstationID INTEGER NOT NULL DEFAULT 0",
+              "ALTER TABLE AppUsers ADD COLUMN Active BIT NOT NULL DEFAULT 1",
+              "ALTER TABLE AppUsers ADD COLUMN CanChangePrices BIT NOT NULL DEFAULT 1",
+              "ALTER TABLE AppUsers ADD COLUMN CanVoidDocuments BIT NOT NULL DEFAULT 1",
+              "PRAGMA user_version = 2"};
+    default:
+      return {};
+  }
+}
+
 }  // namespace standalone

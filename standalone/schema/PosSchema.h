@@ -8,7 +8,7 @@ namespace standalone {
 
 // The version of the POS schema below, kept in PRAGMA user_version. Raise it
 // with every change, and add the upgrade steps from the previous version.
-inline constexpr int kPosSchemaVersion = 1;
+inline constexpr int kPosSchemaVersion = 2;
 
 // The DDL of a POS database: every table and column that the connector and
 // its host name, letter for letter (the host's misspellings included), with
@@ -21,6 +21,11 @@ inline constexpr int kPosSchemaVersion = 1;
 //   integer, BIGINT/FLOAT/MONEY -> double, DATETIME -> date (stored as text
 //   'YYYY-MM-DD HH:MM:SS'), BIT -> truth value (stored 1/0), IMAGE -> bytes.
 std::vector<std::string_view> PosSchemaStatements();
+
+// The statements that bring a database of schema version `from` to the next
+// version (the DDL above already has every version's changes), the new
+// version pragma last.
+std::vector<std::string_view> PosSchemaUpgrade(int from);
 
 // The factory data of a fresh POS: what a newly installed host holds before
 // any load (one ConfSystem row, currency EUR, the IVA rows, price line 0,

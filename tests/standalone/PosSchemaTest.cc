@@ -5,6 +5,9 @@
 
 #include "connector/host/Error.h"
 #include "tests/host/HostTestTools.h"
+#include "standalone/StandaloneHost.h"
+#include "standalone/schema/PosDatabase.h"
+#include "standalone/schema/PosSchema.h"
 #include "tests/support/TestHost.h"
 
 namespace standalone {
@@ -71,6 +74,35 @@ TEST_F(PosSchema, BareHostRowsArePendingForExport) {
                   "TransDocNumber) VALUES ('A', 'TVD', 1)");
             }),
             host::err::kSqlRefused);
+}
+
+// A database of the first version is brought up to this one when opened,
+// its rows kept: the fresh schema and the upgrade end in the same layout.
+TEST(PosSchemaUpgrade, AnOlderDatabaseIsUpgradedWithItsRows) {
+  // The columns in the order of their names: an added column comes last.
+  const std::string kColumns =
+      "SELECT name || ' ' || type || ' ' || dflt_value FROM pragma_table_info('AppUsers') "
+      "ORDER BY name";
+  testsupport::TempFolder folder;
+  const std::string path = folder.File("old.db");
+  std::string fresh_layout;
+  {
+    auto db = OpenPosDatabase(path);
+    fresh_layout = testsupport::Rows(*db, kColumns);
+    // What a database of the first version looked like.
+    db->ExecuteScript(
+        "ALTER TABLE AppUsers DROP COLUMN SecurityLevel; ALTER TABLE AppUsers DROP COLUMN "
+        "MaximumDiscount; ALTER TABLE AppUsers DROP COLUMN DefaultWorkstationID; ALTER TABLE "
+        "AppUsers DROP COLUMN Active; ALTER TABLE AppUsers DROP COLUMN CanChangePrices; ALTER "
+        "TABLE AppUsers DROP COLUMN CanVoidDocuments; PRAGMA user_version = 1;"
+        "INSERT INTO AppUsers (AppUserID, AppUserKey, AppUserName) VALUES (7, 'EVA', 'Eva')");
+  }
+  auto db = OpenPosDatabase(path);
+  EXPECT_EQ(PosSchemaVersionOf(*db), kPosSchemaVersion);
+  EXPECT_EQ(testsupport::Rows(*db, kColumns), fresh_layout);
+  EXPECT_EQ(testsupport::Rows(*db, "SELECT AppUserName || '/' || Active FROM AppUsers "
+                                   "ORDER BY AppUserID"),
+            "Administrador/1,Eva/1");
 }
 
 }  // namespace
