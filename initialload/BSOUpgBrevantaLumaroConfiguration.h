@@ -16,8 +16,6 @@ namespace lumaro {
 class BSOUpgBrevantaLumaroConfiguration {
  public:
   BSOUpgBrevantaLumaroConfiguration() = default;
-  // Closes the back office's database, if it was given.
-  ~BSOUpgBrevantaLumaroConfiguration();
   BSOUpgBrevantaLumaroConfiguration(const BSOUpgBrevantaLumaroConfiguration&) = delete;
   BSOUpgBrevantaLumaroConfiguration& operator=(const BSOUpgBrevantaLumaroConfiguration&) = delete;
 
@@ -29,7 +27,7 @@ class BSOUpgBrevantaLumaroConfiguration {
   void SetDelegationID(double id) { delegation_id_ = id; }
   // The back office's database, connected by the caller.
   void SetSourceDatabase(std::shared_ptr<host::DatabaseService> source) {
-    source_ = std::move(source);
+    source_.Set(std::move(source));
   }
   // Told of the progress; may be none.
   void SetEvents(LoadEvents* events) { events_ = events; }
@@ -48,11 +46,10 @@ class BSOUpgBrevantaLumaroConfiguration {
   void Upgrade_AppGroups();
   void Upgrade_AppUsers();
   void UpgradeCustomerRange();
-  host::DatabaseService& Source();
 
   std::string app_users_limit_;
   double delegation_id_ = 0;
-  std::shared_ptr<host::DatabaseService> source_;
+  SourceDatabase source_;  // closed when this object goes
   LoadEvents* events_ = nullptr;
 };
 

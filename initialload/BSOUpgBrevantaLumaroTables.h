@@ -19,8 +19,6 @@ namespace lumaro {
 class BSOUpgBrevantaLumaroTables {
  public:
   BSOUpgBrevantaLumaroTables() = default;
-  // Closes the back office's database, if it was given.
-  ~BSOUpgBrevantaLumaroTables();
   BSOUpgBrevantaLumaroTables(const BSOUpgBrevantaLumaroTables&) = delete;
   BSOUpgBrevantaLumaroTables& operator=(const BSOUpgBrevantaLumaroTables&) = delete;
 
@@ -39,7 +37,7 @@ class BSOUpgBrevantaLumaroTables {
 
   // The back office's database, connected by the caller.
   void SetSourceDatabase(std::shared_ptr<host::DatabaseService> source) {
-    source_ = std::move(source);
+    source_.Set(std::move(source));
   }
   // Told of the progress; may be none.
   void SetEvents(LoadEvents* events) { events_ = events; }
@@ -79,13 +77,12 @@ class BSOUpgBrevantaLumaroTables {
   // The name of the parameter `prefix`<YYYYMMDD> in force today: the latest
   // date not in the future; the bare prefix when there is none.
   std::string GetParameterKeyByDate(const std::string& prefix);
-  host::DatabaseService& Source();
   // The POS's master data cleared before the load (a failure reaches the
   // caller).
   void ClearPosTables();
   void ExecuteCompactDatabase();
 
-  std::shared_ptr<host::DatabaseService> source_;
+  SourceDatabase source_;  // closed when this object goes
   LoadEvents* events_ = nullptr;
   bool initialize_mode_ = false;
   std::string series_key_;

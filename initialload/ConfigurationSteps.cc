@@ -77,20 +77,6 @@ host::RecordsetPtr OpenWithUniqueness(host::DatabaseService& source, const std::
 
 }  // namespace
 
-BSOUpgBrevantaLumaroConfiguration::~BSOUpgBrevantaLumaroConfiguration() {
-  if (!source_) return;
-  try {
-    source_->Disconnect();
-  } catch (const host::Error&) {
-    // Closing what is going anyway.
-  }
-}
-
-host::DatabaseService& BSOUpgBrevantaLumaroConfiguration::Source() {
-  if (!source_) host::Raise(host::err::kObjectNotSet, "SourceDatabase");
-  return *source_;
-}
-
 void BSOUpgBrevantaLumaroConfiguration::UpgradeConfiguration() {
   Upgrade_Currency();
   ReloadSettings();
@@ -115,7 +101,7 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_Currency() {
   currency.SetTable("Currency");
   names.SetTable("CurrencyNames");
   host::RecordsetPtr rs;
-  if (!step.Run(1, [&] { rs = Source().OpenRecordset("SELECT * FROM [Moeda]"); })) return;
+  if (!step.Run(1, [&] { rs = source_.Get().OpenRecordset("SELECT * FROM [Moeda]"); })) return;
   host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
   std::string language = ModConnectorLumaro::GetSystemSettings()->LanguageID;
   double count = 0;
@@ -175,7 +161,8 @@ void BSOUpgBrevantaLumaroConfiguration::ReloadSettings() {
 
 void BSOUpgBrevantaLumaroConfiguration::Upgrade_ConfSystem() {
   LoadStep("Upgrade_ConfSystem").Run(1, [&] {
-    host::RecordsetPtr rs = Source().OpenRecordset("SELECT Valor FROM ParEMp WHERE CPar='Sede'");
+    host::RecordsetPtr rs =
+        source_.Get().OpenRecordset("SELECT Valor FROM ParEMp WHERE CPar='Sede'");
     if (rs->Eof()) return;
     std::string seat = FieldConverter::ToText(rs->Fields("Valor"));
     host::RecordsetTools::CloseRecordset(rs);
@@ -196,7 +183,7 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppGroups() {
   host::RecordsetPtr rs;
   if (!step.Run(1, [&] {
         groups = ModConnectorLumaro::Host().NewAppGroupService();
-        rs = OpenWithUniqueness(Source(), "SELECT DISTINCT Descr FROM Grupo GROUP By Descr",
+        rs = OpenWithUniqueness(source_.Get(), "SELECT DISTINCT Descr FROM Grupo GROUP By Descr",
                                 "SELECT * FROM Grupo", names);
       })) {
     return;
@@ -239,7 +226,7 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
   host::RecordsetPtr rs;
   if (!step.Run(1, [&] {
         users = ModConnectorLumaro::Host().NewAppUserService();
-        rs = OpenWithUniqueness(Source(),
+        rs = OpenWithUniqueness(source_.Get(),
                                 "SELECT DISTINCT Descr FROM Opers" + clause + " GROUP By Descr",
                                 "SELECT * FROM Opers" + clause, names);
       })) {
@@ -305,8 +292,8 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
 
 void BSOUpgBrevantaLumaroConfiguration::UpgradeCustomerRange() {
   LoadStep("InitializeTillara").Run(2, [&] {
-    host::RecordsetPtr rs = Source().OpenRecordset("SELECT * FROM Deleg WHERE CDlg=" +
-                                                   Source().SqlFormat().Number(delegation_id_));
+    host::RecordsetPtr rs = source_.Get().OpenRecordset(
+        "SELECT * FROM Deleg WHERE CDlg=" + source_.Get().SqlFormat().Number(delegation_id_));
     if (rs->Eof()) return;
     std::shared_ptr<host::SystemSettings> settings = ModConnectorLumaro::GetSystemSettings();
     double start = settings->CustomerRangeStart;

@@ -1,10 +1,25 @@
 #include "initialload/LoadShared.h"
 
 #include "connector/ModConnectorLumaro.h"
+#include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "initialload/LoadStep.h"
 
 namespace lumaro {
+
+SourceDatabase::~SourceDatabase() {
+  if (!source_) return;
+  try {
+    source_->Disconnect();
+  } catch (const host::Error&) {
+    // Closing what is going anyway (another load object may have closed it).
+  }
+}
+
+host::DatabaseService& SourceDatabase::Get() {
+  if (!source_) host::Raise(host::err::kObjectNotSet, "SourceDatabase");
+  return *source_;
+}
 
 host::DatabaseService& LoadTarget() {
   return ModConnectorLumaro::Host().DataManager().Connection().Database();

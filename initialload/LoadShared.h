@@ -1,6 +1,7 @@
 #ifndef LUMARO_INITIALLOAD_LOAD_SHARED_H_
 #define LUMARO_INITIALLOAD_LOAD_SHARED_H_
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,23 @@ class LoadEvents {
   virtual ~LoadEvents() = default;
   virtual void ProgressGlobal(std::string_view task, std::string_view task_detail) = 0;
   virtual void ProgressCurrent(std::string_view task, double current, double max) = 0;
+};
+
+// The back office's database of a load object, connected by its caller
+// and set on it; closed when the object goes.
+class SourceDatabase {
+ public:
+  SourceDatabase() = default;
+  ~SourceDatabase();
+  SourceDatabase(const SourceDatabase&) = delete;
+  SourceDatabase& operator=(const SourceDatabase&) = delete;
+
+  void Set(std::shared_ptr<host::DatabaseService> source) { source_ = std::move(source); }
+  // Raises 91 when none was set.
+  host::DatabaseService& Get();
+
+ private:
+  std::shared_ptr<host::DatabaseService> source_;
 };
 
 // The host's POS database, which the load fills.

@@ -50,7 +50,7 @@ void BSOUpgBrevantaLumaroTables::ExecuteCompactDatabase() {
 void BSOUpgBrevantaLumaroTables::UpgradeTables() {
   LoadStep step("UpgradeTables");
   step.Run(1, [&] {
-    host::RecordsetPtr terms = Source().OpenRecordset("SELECT * FROM CDPag");
+    host::RecordsetPtr terms = source_.Get().OpenRecordset("SELECT * FROM CDPag");
     bool any = !terms->Eof();
     host::RecordsetTools::CloseRecordset(terms);
     if (any) UIRecovery().DeleteKassimoTables(7);

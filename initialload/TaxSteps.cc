@@ -68,25 +68,11 @@ std::optional<host::Variant> FirstValue(host::DatabaseService& db, const std::st
 
 }  // namespace
 
-BSOUpgBrevantaLumaroTables::~BSOUpgBrevantaLumaroTables() {
-  if (!source_) return;
-  try {
-    source_->Disconnect();
-  } catch (const host::Error&) {
-    // Closing what is going anyway.
-  }
-}
-
-host::DatabaseService& BSOUpgBrevantaLumaroTables::Source() {
-  if (!source_) host::Raise(host::err::kObjectNotSet, "SourceDatabase");
-  return *source_;
-}
-
 std::string BSOUpgBrevantaLumaroTables::GetParameterKeyByDate(const std::string& prefix) {
   std::string n = std::to_string(prefix.size());
   double today = host::NumberTools::ParseNumber(host::FormatDate(host::Today(), "yyyymmdd"), ",");
   // The start 8 stands fixed, whatever the prefix's length.
-  host::RecordsetPtr rs = Source().OpenRecordset(
+  host::RecordsetPtr rs = source_.Get().OpenRecordset(
       "SELECT substring(CPar,8, Len(CPar)-" + n + ") AS ParValue From ParEmp WHERE left(CPar," + n +
       ")='" + prefix + "'" + " AND Cast(substring(CPar," + n + "+1,len(CPar)-" + n +
       ") AS Float)<=" + host::NumberText(today) + " ORDER BY CPar DESC");
@@ -111,7 +97,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Taxes() {
         source_sql = "SELECT Valor AS TaxRate FROM ParEmp WHERE CPar='" +
                      GetParameterKeyByDate(prefix) + "'";
       }
-      std::optional<host::Variant> rate = FirstValue(Source(), source_sql, "TaxRate");
+      std::optional<host::Variant> rate = FirstValue(source_.Get(), source_sql, "TaxRate");
       if (!rate) return;
       double source_rate = host::FieldConverter::ToNumber(*rate);
       host::DatabaseService& pos = PosDatabase();
@@ -133,8 +119,8 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Taxes() {
 void BSOUpgBrevantaLumaroTables::Upgrade_TaxExemptionReason() {
   LoadStep step("Upgrade_TaxExemptionReason");
   step.Run(1, [&] {
-    std::optional<host::Variant> reason =
-        FirstValue(Source(), "SELECT Valor FROM ParEMp WHERE CPar='TaxExemptionReason'", "Valor");
+    std::optional<host::Variant> reason = FirstValue(
+        source_.Get(), "SELECT Valor FROM ParEMp WHERE CPar='TaxExemptionReason'", "Valor");
     if (!reason) return;
     host::DatabaseService& pos = PosDatabase();
     // For every country and region.
@@ -167,12 +153,12 @@ void BSOUpgBrevantaLumaroTables::Load_ApplicationParam() {
   });
   step.Run(3, [&] {
     std::optional<host::Variant> applies = FirstValue(
-        Source(), "SELECT Valor AS TemIRRetC FROM ParEmp WHERE CPar='TemIRRetC'", "TemIRRetC");
+        source_.Get(), "SELECT Valor AS TemIRRetC FROM ParEmp WHERE CPar='TemIRRetC'", "TemIRRetC");
     if (!applies) return;
     bool flag = host::FieldConverter::ToBoolean(*applies);
     both([flag](host::SystemSettings& s) { s.AplySalesRetentionTax = flag; });
-    std::optional<host::Variant> rate =
-        FirstValue(Source(), "SELECT Valor AS TxIRRet FROM ParEmp WHERE CPar='TxIRRet'", "TxIRRet");
+    std::optional<host::Variant> rate = FirstValue(
+        source_.Get(), "SELECT Valor AS TxIRRet FROM ParEmp WHERE CPar='TxIRRet'", "TxIRRet");
     // Without its rate, the retention tax stays as it is, and is written
     // all the same.
     if (rate) {
@@ -187,7 +173,7 @@ void BSOUpgBrevantaLumaroTables::Load_ApplicationParam() {
                                 ", RetentionTax=" + format.Number(settings->RetentionTax));
   });
   step.Run(4, [&] {
-    host::RecordsetPtr kits = Source().OpenRecordset("SELECT * FROM ArAgr");
+    host::RecordsetPtr kits = source_.Get().OpenRecordset("SELECT * FROM ArAgr");
     bool any = !kits->Eof();
     host::RecordsetTools::CloseRecordset(kits);
     if (!any) return;
