@@ -75,7 +75,8 @@ int Program::InitialLoadCommand() {
   bool ran;
   {
     AttachedHost attached(host);
-    ran = lumaro::RunInitialLoad(*settings, &progress);
+    // The settings are the stored ones: nothing to store again.
+    ran = lumaro::RunInitialLoad(*settings, &progress, false);
   }
   notifier_->Finish();
   if (!ran) return kFailure;

@@ -41,14 +41,14 @@ std::string QuotedList(const std::string& codes) {
 
 std::string PlainList(const std::string& codes) { return host::Replace(codes, ";", ","); }
 
-bool RunInitialLoad(LumaroConnectorSetting& settings, LoadEvents* events) {
+bool RunInitialLoad(LumaroConnectorSetting& settings, LoadEvents* events, bool store_settings) {
   host::UIManager& ui = Host().UIManager();
   if (PendingCustomers()) {
     Show("\r\nExistem clientes que ainda não foram exportados com vendas emitidas.");
     return false;
   }
   if (!ValidateSettings(settings, true)) return false;
-  Host().NewSettingStore()->Save(settings);
+  if (store_settings) Host().NewSettingStore()->Save(settings);
   std::shared_ptr<host::DatabaseService> back_office = ConnectBackOffice(settings);
   if (!back_office) {
     Show(ui.Messages().Text(kNotConnected));
