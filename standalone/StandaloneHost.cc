@@ -12,6 +12,7 @@
 #include "connector/host/FileSystem.h"
 #include "connector/host/Regional.h"
 #include "connector/host/Text.h"
+#include "standalone/odbc/OdbcDatabase.h"
 #include "standalone/schema/PosDatabase.h"
 #include "standalone/services/SqliteAppUserServices.h"
 #include "standalone/services/SqliteCustomerService.h"
@@ -26,7 +27,6 @@ namespace {
 
 // Back-office connections go through ODBC, which this host does not offer
 // yet.
-constexpr int32_t kCannotConnect = -2147467259;
 
 std::string FolderOf(const std::string& path) {
   std::filesystem::path absolute = std::filesystem::absolute(path);
@@ -50,25 +50,46 @@ class HostSystemManager : public host::SystemManager {
   host::SystemContext& context_;
 };
 
+// A value of an ODBC connection string, braced so that ";" and "=" in it
+// stay inside it.
+std::string OdbcValue(std::string_view value) {
+  return "{" + host::Replace(value, "}", "}}") + "}";
+}
+
+// SQL Server through FreeTDS, as the settings describe it: the server (a
+// host, or host\instance), the database, and integrated security or a login.
+std::string SqlServerConnectionString(const host::DatabaseDescription& description) {
+  std::string text = "DRIVER={FreeTDS};SERVER=" + OdbcValue(description.Server) +
+                     ";DATABASE=" + OdbcValue(description.DatabaseName) + ";ClientCharset=UTF-8;";
+  if (description.IntegratedSecurity) return text + "Trusted_Connection=Yes;";
+  return text + "UID=" + OdbcValue(description.Login) + ";PWD=" + OdbcValue(description.Password) +
+         ";";
+}
+
 class HostConnection : public host::DatabaseConnection, public host::DataManager {
  public:
   explicit HostConnection(SqliteDatabase& database) : database_(database) {}
   host::DatabaseService& Database() override { return database_; }
-  // A server "sqlite:FOLDER" is a back office kept as the SQLite file
-  // FOLDER/<database name>.db, opened read-only: for demonstrations and
-  // tests, and for the tools that build such files (keep the naming).
+  // The back office's database. A server "sqlite:FOLDER" is a back office
+  // kept as the SQLite file FOLDER/<database name>.db, opened read-only: for
+  // demonstrations and tests, and for the tools that build such files (keep
+  // the naming). A server "odbc:CONNECTION" is reached through ODBC with
+  // that connection string as it stands. Any other server is a SQL Server,
+  // reached through ODBC with FreeTDS.
   std::shared_ptr<host::DatabaseService> OpenDatabase(
       const host::DatabaseDescription& description) override {
     constexpr std::string_view kFileServer = "sqlite:";
-    if (description.Server.rfind(kFileServer, 0) == 0) {
-      std::string folder = description.Server.substr(kFileServer.size());
+    constexpr std::string_view kOdbcServer = "odbc:";
+    const std::string& server = description.Server;
+    if (server.rfind(kFileServer, 0) == 0) {
+      std::string folder = server.substr(kFileServer.size());
       return SqliteDatabase::Open(host::BuildPath(folder, description.DatabaseName + ".db"),
                                   SqliteDatabase::OpenMode::kReadOnly, "back-office database");
     }
-    host::RaiseWith(kCannotConnect,
-                    "Não é possível ligar à base de dados " + description.DatabaseName + " em " +
-                        description.Server + ": este anfitrião não tem ligação ODBC",
-                    "DataManager");
+    if (server.rfind(kOdbcServer, 0) == 0) {
+      return OdbcDatabase::Connect(server.substr(kOdbcServer.size()));
+    }
+    return OdbcDatabase::Connect(SqlServerConnectionString(description));
   }
   host::DatabaseConnection& Connection() override { return *this; }
 

@@ -70,6 +70,29 @@ TEST(ProgramBackOffice, AFileBackOfficeIsReachedByItsNamingAndNeverWritten) {
   EXPECT_EQ(ReadBytes(file), before);
 }
 
+// "odbc:" passes its connection string to ODBC as it stands; here the SQLite
+// ODBC driver stands in for a server's.
+TEST(ProgramBackOffice, AnOdbcConnectionStringIsTakenAsItStands) {
+  TempFolder folder;
+  standalone::SqliteDatabase::Open(folder.File("bo.db"),
+                                   standalone::SqliteDatabase::OpenMode::kCreateIfMissing)
+      ->ExecuteScript("CREATE TABLE Moeda (CMoe TEXT);");
+  ASSERT_EQ(LoadSettings(folder, SettingsWith("SQLDataSource", "odbc:DRIVER=SQLite3;Database=" +
+                                                                   folder.File("bo.db")))
+                .exit_code,
+            0);
+  auto reached = RunLumaro(folder.Path(), {"backoffice", "test"});
+  EXPECT_EQ(reached.exit_code, 0) << reached.err;
+  EXPECT_EQ(reached.err, kReached);
+
+  ASSERT_EQ(
+      LoadSettings(folder, SettingsWith("SQLDataSource", "odbc:DRIVER=NoSuchDriver;")).exit_code,
+      0);
+  auto not_reached = RunLumaro(folder.Path(), {"backoffice", "test"});
+  EXPECT_EQ(not_reached.exit_code, 1);
+  EXPECT_EQ(not_reached.err, kNotReached);
+}
+
 TEST(ProgramBackOffice, AServerThatCannotBeReachedIsTheFailureMessage) {
   TempFolder folder;
   ASSERT_EQ(LoadSettings(folder, ReadBytes(kExampleSettings)).exit_code, 0);
