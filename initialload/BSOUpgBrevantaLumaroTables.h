@@ -51,6 +51,11 @@ class BSOUpgBrevantaLumaroTables {
   // The series the load's documents take: set by UpgradeTables.
   const std::string& SeriesKey() const { return series_key_; }
 
+  // The stock of the back office's articles: its opening movement and the
+  // items put in stock. Loaded once built; nothing yet.
+  void insertItemsInStock();
+  void Upgrade_Stock();
+
   // Fills the run dictionary with the host's tax class of each of the back
   // office's tax types ("TaxableGroupIDTipoIva|<type>"), of each rate
   // ("TaxableGroupIDPorIva|<rate>") and the rate of each type
@@ -81,6 +86,38 @@ class BSOUpgBrevantaLumaroTables {
   // caller).
   void ClearPosTables();
   void ExecuteCompactDatabase();
+  // The digits of a family level: the back office's parameter CFam<level>,
+  // 0 when there is none. A failure is logged under "Load_ApplicationParam",
+  // as it always has been.
+  int16_t GetFamilyLevelDigits(int level);
+
+  // The steps of the tables after the taxes, each in its place in the
+  // order of the load; those not built yet do nothing.
+  void LoadTenders();
+  void Upgrade_ProvinceCodes();
+  void Upgrade_LocalityCodes();
+  void Upgrade_PriceLine();
+  void Upgrade_Bank();
+  void Upgrade_Zone();
+  void Upgrade_Carrier();
+  void Upgrade_Payment();
+  void Upgrade_Salesman();
+  void ClearSalesmenParties();
+  void Update_LoadUnloadPlace();
+  void Upgrade_Supplier();
+  void Upgrade_Family();
+  void Upgrade_Warehouse();
+  void Upgrade_CustomerGroups();
+  void Upgrade_Customer();
+  void Upgrade_CustomerLedgerAccount();
+  void Upgrade_UnitOfMeasure();
+  void Create_Properties();
+  void Initialize_ItemProperty();
+  void Upgrade_Item();
+  void Upgrade_ItemComponents();
+  void Upgrade_ItemAlternative();
+  void LoadStock();
+  void Upgrade_Documents();
 
   SourceDatabase source_;  // closed when this object goes
   LoadEvents* events_ = nullptr;

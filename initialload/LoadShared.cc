@@ -36,6 +36,20 @@ double GetNewIDFromTable(const std::string& table, const std::string& field) {
   return id;
 }
 
+int16_t GetZoneType(double code) {
+  if (code >= 500 && code <= 699) return 1;
+  if (code >= 700 && code <= 999) return 2;
+  return 0;
+}
+
+std::string GetCountryID(double code) {
+  std::string country;
+  LoadStep("GetCountryID").Run(1, [&] {
+    if (code >= 1 && code <= 499) country = ModConnectorLumaro::GetSystemSettings()->CountryID;
+  });
+  return country;
+}
+
 void SetAuditColumns(host::SqlStatement& statement) {
   host::SystemContext& context = ModConnectorLumaro::Host().SystemManager().Context();
   statement.Number("WorkstationID", context.CurrentWorkstation().WorkstationID());

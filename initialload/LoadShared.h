@@ -44,6 +44,15 @@ host::DatabaseService& LoadTarget();
 // "GetNewIDFromTable" and gives 0.
 double GetNewIDFromTable(const std::string& table, const std::string& field);
 
+// The kind of a back-office zone code: 0 home (1 to 499, and any code out
+// of range), 1 European Union (500 to 699), 2 outside (700 to 999).
+int16_t GetZoneType(double code);
+
+// The country of a zone code: the host's country for a home zone (1 to
+// 499), empty text for any other. A failure is logged under
+// "GetCountryID" and gives empty text.
+std::string GetCountryID(double code);
+
 // The audit columns of a row the load writes by statement: the host's
 // workstation, session and user, today's date and the time of day.
 void SetAuditColumns(host::SqlStatement& statement);

@@ -2,6 +2,7 @@
 // main sequence.
 
 #include "connector/ModConnectorLumaro.h"
+#include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "initialload/BSOUpgBrevantaLumaroTables.h"
 #include "initialload/LoadStep.h"
@@ -17,7 +18,7 @@ void BSOUpgBrevantaLumaroTables::InitializeTillara() {
   Upgrade_Taxes();
   Upgrade_TaxExemptionReason();
   UpgradeTables();
-  // The document types are loaded here once built.
+  Upgrade_Documents();
 }
 
 void BSOUpgBrevantaLumaroTables::ClearPosTables() {
@@ -62,11 +63,44 @@ void BSOUpgBrevantaLumaroTables::UpgradeTables() {
     series_key_ = context.CurrentWorkstation().SeriesKey();
   });
   Load_ApplicationParam();
+  if (initialize_mode_) LoadTenders();
   Load_Taxes();
-  // The geography, commercial tables, customers, families, warehouses,
-  // suppliers, banks, units, properties, items, kits, alternatives, and in a
-  // plain load the ledger accounts and the stock, take their places here as
-  // they are built.
+  Upgrade_ProvinceCodes();
+  Upgrade_LocalityCodes();
+  Upgrade_PriceLine();
+  Upgrade_Bank();
+  Upgrade_Zone();
+  Upgrade_Carrier();
+  Upgrade_Payment();
+  Upgrade_Salesman();
+  if (initialize_mode_) ClearSalesmenParties();
+  Update_LoadUnloadPlace();
+  Upgrade_Supplier();
+  Upgrade_Family();
+  Upgrade_Warehouse();
+  Upgrade_CustomerGroups();
+  Upgrade_Customer();
+  // The ledger accounts and the stock belong to a plain load, not to the
+  // initial one.
+  if (!initialize_mode_) Upgrade_CustomerLedgerAccount();
+  Upgrade_UnitOfMeasure();
+  Create_Properties();
+  Initialize_ItemProperty();
+  Upgrade_Item();
+  Upgrade_ItemComponents();
+  Upgrade_ItemAlternative();
+  if (!initialize_mode_) LoadStock();
+}
+
+int16_t BSOUpgBrevantaLumaroTables::GetFamilyLevelDigits(int level) {
+  int16_t digits = 0;
+  LoadStep("Load_ApplicationParam").Run(1, [&] {
+    host::RecordsetPtr rs = source_.Get().OpenRecordset(
+        "SELECT Valor FROM ParEmp WHERE CPar='CFam" + std::to_string(level) + "'");
+    if (!rs->Eof()) digits = host::CInt(rs->Fields(0));
+    host::RecordsetTools::CloseRecordset(rs);
+  });
+  return digits;
 }
 
 }  // namespace lumaro
