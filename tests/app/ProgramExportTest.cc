@@ -126,4 +126,26 @@ TEST(ProgramExport, AMissingFolderIsAMessageAndAStop) {
                 folder + " does not exist; no file was made\n");
 }
 
+// Clearing every document asks first: No (the default) keeps the database as
+// it is, byte for byte; --yes clears the day's sales and receipts.
+TEST(ProgramExport, DeleteAllRecordsAsksFirst) {
+  ExportShop shop;
+  const std::string before = ReadBytes(shop.Database());
+  auto declined = shop.Lumaro({"delete-all-records"});
+  EXPECT_EQ(declined.exit_code, 0) << declined.err;
+  EXPECT_NE(declined.err.find("?"), std::string::npos) << declined.err;
+  EXPECT_TRUE(ReadBytes(shop.Database()) == before) << "the POS database changed";
+
+  auto cleared = shop.Lumaro({"--yes", "delete-all-records"});
+  EXPECT_EQ(cleared.exit_code, 0) << cleared.err;
+  auto db = standalone::SqliteDatabase::Open(shop.Database(),
+                                             standalone::SqliteDatabase::OpenMode::kExisting);
+  EXPECT_EQ(testsupport::Rows(*db,
+                              "SELECT (SELECT count(*) FROM SaleTransaction) || '/' || "
+                              "(SELECT count(*) FROM TenderTransaction) || '/' || "
+                              "(SELECT count(*) FROM Customer)"),
+            "0/0/" + testsupport::Rows(*db, "SELECT count(*) FROM Customer"));
+  EXPECT_NE(testsupport::Rows(*db, "SELECT count(*) FROM Customer"), "0");
+}
+
 }  // namespace
