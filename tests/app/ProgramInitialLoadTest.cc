@@ -44,12 +44,6 @@ class Shop {
         folder_.Path(), {std::string(LUMARO_SOURCE_DIR) + "/examples/backoffice/make-backoffice",
                          folder_.File("bo")});
     EXPECT_EQ(made.exit_code, 0) << made.err;
-    // The document types are read last, by a step that ends the load when
-    // their tables are missing; empty ones let it run to its end.
-    BackOffice(
-        "CREATE TABLE IF NOT EXISTS Tlanc (CLan VARCHAR(10), Cls0 VARCHAR(3), Descr VARCHAR(40), "
-        "Sigla VARCHAR(20)); CREATE TABLE IF NOT EXISTS TLPro (CLan VARCHAR(10), Cls VARCHAR(3), "
-        "CProp VARCHAR(10), Valor VARCHAR(20));");
     if (!store_settings) return;
     std::string xml = ReadBytes(std::string(LUMARO_SOURCE_DIR) + "/examples/settings.xml");
     Changes all = {{"SQLDataSource", "sqlite:bo"}};
