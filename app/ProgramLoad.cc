@@ -113,8 +113,9 @@ int Program::DeleteAllRecordsCommand() {
   LockForRun();
   standalone::StandaloneHost& host = Host();
   AttachedHost attached(host);
-  lumaro::UIRecovery().DBDeleteAllRecords();
-  return kSuccess;
+  // Declined, or failed (the error shown): nothing for a script to take as
+  // done.
+  return lumaro::UIRecovery().DBDeleteAllRecords() ? kSuccess : kFailure;
 }
 
 }  // namespace app

@@ -2,6 +2,9 @@
 // company's settings, the tax region, user groups and users, the
 // delegation's range of customers.
 
+#include <algorithm>
+#include <functional>
+
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
@@ -21,28 +24,39 @@ double Field(const host::Recordset& rs, const char* name) {
   return FieldConverter::ToNumber(rs.Fields(name));
 }
 
-// The columns of a Currency row and of its name, from a row of Moeda.
-void FillCurrency(const host::Recordset& rs, const std::string& id, const std::string& language,
-                  host::SqlStatement& currency, host::SqlStatement& names) {
-  bool euro = FieldConverter::ToBoolean(rs.Fields("UEM"));
-  double camb = Field(rs, "Camb");
-  currency.Text("CurrencyKey", FieldConverter::ToText(rs.Fields("CMoe")));
-  currency.KeyText("CurrencyID", id);
-  names.KeyText("CurrencyID", id);
-  names.KeyText("LanguageID", language);
-  names.Text("Description", host::Trim(FieldConverter::ToText(rs.Fields("DESCR"))));
-  currency.Date("ExchangeDate", FieldConverter::ToDate(rs.Fields("DtCamb")));
-  currency.Number("DecimalPlaces", Field(rs, "Rnd") <= 0 ? 0 : Field(rs, "Rnd"));
-  currency.Number("PriceItemDecimalPlaces", Field(rs, "RndP") <= 0 ? 0 : Field(rs, "RndP"));
-  currency.Boolean("ItsEuroCurrency", euro);
-  currency.Text("RelatedCurrencyID", "EUR");
-  currency.Number("EuroConversionRate", euro ? Field(rs, "TConv") : 1);
+// The columns of a Currency row and of its name, from a row of Moeda, each
+// statement in its own handler: a column that fails is left unset, and the
+// row is saved all the same.
+void FillCurrency(LoadStep& step, const host::Recordset& rs, const std::string& id,
+                  const std::string& language, host::SqlStatement& currency,
+                  host::SqlStatement& names) {
+  int line = 10;
+  auto column = [&](const std::function<void()>& fill) { step.Run(line++, fill); };
+  auto euro = [&] { return FieldConverter::ToBoolean(rs.Fields("UEM")); };
+  column([&] { currency.Text("CurrencyKey", FieldConverter::ToText(rs.Fields("CMoe"))); });
+  column([&] { currency.KeyText("CurrencyID", id); });
+  column([&] { names.KeyText("CurrencyID", id); });
+  column([&] { names.KeyText("LanguageID", language); });
+  column(
+      [&] { names.Text("Description", host::Trim(FieldConverter::ToText(rs.Fields("DESCR")))); });
+  column([&] { currency.Date("ExchangeDate", FieldConverter::ToDate(rs.Fields("DtCamb"))); });
+  column([&] { currency.Number("DecimalPlaces", std::max(0.0, Field(rs, "Rnd"))); });
+  column([&] { currency.Number("PriceItemDecimalPlaces", std::max(0.0, Field(rs, "RndP"))); });
+  column([&] { currency.Boolean("ItsEuroCurrency", euro()); });
+  column([&] { currency.Text("RelatedCurrencyID", "EUR"); });
+  column([&] { currency.Number("EuroConversionRate", euro() ? Field(rs, "TConv") : 1); });
   // Kept apart on purpose: the sale exchange is rounded after the division,
   // the buy exchange divides by the rounded rate and is not rounded again.
-  currency.Number("SaleExchange", euro ? 1 : camb > 0 ? host::RoundDecimal(1 / camb, 6) : 1);
-  currency.Number("BuyExchange", euro ? 1 : camb > 0 ? 1 / host::RoundDecimal(camb, 6) : 1);
-  SetAuditColumns(currency);
-  SetAuditColumns(names);
+  column([&] {
+    double camb = Field(rs, "Camb");
+    currency.Number("SaleExchange", euro() ? 1 : camb > 0 ? host::RoundDecimal(1 / camb, 6) : 1);
+  });
+  column([&] {
+    double camb = Field(rs, "Camb");
+    currency.Number("BuyExchange", euro() ? 1 : camb > 0 ? 1 / host::RoundDecimal(camb, 6) : 1);
+  });
+  column([&] { SetAuditColumns(currency); });
+  column([&] { SetAuditColumns(names); });
 }
 
 constexpr int32_t kDefaultGroup = 3880107;
@@ -107,17 +121,21 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_Currency() {
   double count = 0;
   double total = rs->RecordCount();
   for (; total > 0 && !rs->Eof(); rs->MoveNext()) {
-    std::string code = FieldConverter::ToText(rs->Fields("CMoe"));
-    if (code == "PTE") keys.Add(host::Variant(Field(*rs, "TConv")), "CurrencyExchange");
-    std::string id = host::Trim(host::Left(host::UCase(code), 3));
+    std::string code;
+    std::string id;
+    step.Run(2, [&] {
+      code = FieldConverter::ToText(rs->Fields("CMoe"));
+      if (code == "PTE") keys.Add(host::Variant(Field(*rs, "TConv")), "CurrencyExchange");
+    });
+    step.Run(3, [&] { id = host::Trim(host::Left(host::UCase(code), 3)); });
     ++count;
     currency.ClearColumns();
     names.ClearColumns();
     currency.SetOperation(2);
     names.SetOperation(2);
-    step.Run(2, [&] { FillCurrency(*rs, id, language, currency, names); });
+    FillCurrency(step, *rs, id, language, currency, names);
     if (!id.empty()) {
-      step.Run(3, [&] {
+      step.Run(4, [&] {
         host::DatabaseService& pos = LoadTarget();
         std::string upper = host::UCase(id);
         host::RecordsetPtr found = pos.OpenRecordset("SELECT COUNT(*) FROM [Currency] " +
@@ -145,11 +163,11 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_Currency() {
     }
     // A code of more than three characters keeps a key of its own, though
     // its row is that of its first three.
-    keys.Add(host::Variant(id), "Currency|" + host::Trim(code));
+    step.Run(5, [&] { keys.Add(host::Variant(id), "Currency|" + host::Trim(code)); });
     if (events_) events_->ProgressCurrent("Currency", count, total);
   }
   host::RecordsetTools::CloseRecordset(rs);
-  step.Run(4, [&] { keys.Add(host::Variant(Context().Defaults().CurrencyID), "Currency|"); });
+  step.Run(6, [&] { keys.Add(host::Variant(Context().Defaults().CurrencyID), "Currency|"); });
 }
 
 void BSOUpgBrevantaLumaroConfiguration::ReloadSettings() {
@@ -203,15 +221,17 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppGroups() {
   double total = rs->RecordCount();
   for (; !rs->Eof(); rs->MoveNext()) {
     ++count;
-    std::string code = host::Trim(FieldConverter::ToText(rs->Fields("CGr")));
-    step.Run(2, [&] {
-      int16_t id = group_named(names.Of(code, FieldConverter::ToText(rs->Fields("Descr"))));
-      keys.Add(host::Variant(id), "AppGroups|" + code);
-    });
+    std::string code;
+    std::string name;
+    int16_t id = 0;
+    step.Run(2, [&] { code = host::Trim(FieldConverter::ToText(rs->Fields("CGr"))); });
+    step.Run(3, [&] { name = names.Of(code, FieldConverter::ToText(rs->Fields("Descr"))); });
+    step.Run(4, [&] { id = group_named(name); });
+    step.Run(5, [&] { keys.Add(host::Variant(id), "AppGroups|" + code); });
     if (events_) events_->ProgressCurrent("AppGroups", count, total);
   }
   host::RecordsetTools::CloseRecordset(rs);
-  step.Run(3, [&] {
+  step.Run(6, [&] {
     std::string name = ModConnectorLumaro::Host().UIManager().Messages().Text(kDefaultGroup);
     keys.Add(host::Variant(group_named(name)), "AppGroups|");
   });
@@ -243,14 +263,19 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
   double total = rs->RecordCount();
   for (; !rs->Eof(); rs->MoveNext()) {
     ++count;
-    step.Run(2, [&] {
-      std::string key = FieldConverter::ToText(rs->Fields("COper"));
-      std::string name = names.Of(host::Trim(key), FieldConverter::ToText(rs->Fields("Descr")));
+    std::string key;
+    std::string name;
+    std::shared_ptr<host::AppUser> user;
+    step.Run(2, [&] { key = FieldConverter::ToText(rs->Fields("COper")); });
+    step.Run(3, [&] {
+      name = names.Of(host::Trim(key), FieldConverter::ToText(rs->Fields("Descr")));
       // Users take the "_" of a reserved name behind it, unlike groups: kept
       // so on purpose.
       if (reserved.IsReserved(name)) name += "_";
-      std::shared_ptr<host::AppUser> user = users->GetByKey(key);
-      // A name another user has takes "_" until it is free.
+    });
+    step.Run(4, [&] { user = users->GetByKey(key); });
+    // A name another user has takes "_" until it is free.
+    step.Run(5, [&] {
       auto taken = [&] {
         std::string other = user ? "AppUserID <>" + std::to_string(user->AppUserID) + " AND " : "";
         host::RecordsetPtr found =
@@ -261,27 +286,30 @@ void BSOUpgBrevantaLumaroConfiguration::Upgrade_AppUsers() {
         return any;
       };
       while (taken()) name += "_";
-      if (!user) {
-        user = std::make_shared<host::AppUser>();
-        user->AppUserKey = key;
-        user->AppUserName = name;
+    });
+    if (!user) {
+      user = std::make_shared<host::AppUser>();
+      user->AppUserKey = key;
+      user->AppUserName = name;
+      // Without its group the user is saved all the same.
+      step.Run(6, [&] {
         host::Variant group =
             keys.Item("AppGroups|" + host::Trim(FieldConverter::ToText(rs->Fields("CGr"))));
-        if (!group.IsEmpty()) {
-          int16_t group_id = static_cast<int16_t>(host::CDbl(group));
-          if (groups->Exists(group_id)) user->Groups.push_back(group_id);
-        }
-      } else {
-        user->AppUserName = name;
-      }
-      users->Save(*user);
+        if (group.IsEmpty()) return;
+        int16_t group_id = static_cast<int16_t>(host::CDbl(group));
+        if (groups->Exists(group_id)) user->Groups.push_back(group_id);
+      });
+    } else {
+      user->AppUserName = name;
+    }
+    if (step.Run(7, [&] { users->Save(*user); })) {
       if (user->AppUserID == context.CurrentUser()) {
         context.SetCurrentUser(user->AppUserID, user->AppUserName);
         current_user_seen = true;
       }
       last_user.emplace(user->AppUserID, user->AppUserName);
-      keys.Add(host::Variant(user->AppUserID), "AppUsers|" + host::Trim(key));
-    });
+      step.Run(8, [&] { keys.Add(host::Variant(user->AppUserID), "AppUsers|" + host::Trim(key)); });
+    }
     if (events_) events_->ProgressCurrent("AppUsers", count, total);
   }
   host::RecordsetTools::CloseRecordset(rs);

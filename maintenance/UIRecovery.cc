@@ -174,11 +174,11 @@ void UIRecovery::DBDeleteAllRecordsInTable(const std::string& table) {
   }
 }
 
-void UIRecovery::DBDeleteAllRecords() {
+bool UIRecovery::DBDeleteAllRecords() {
   host::UIManager& ui = ModConnectorLumaro::Host().UIManager();
   if (ui.MsgBox(ui.Messages().Text(kConfirmClearing),
                 host::msgbox::kYesNo | host::msgbox::kQuestion) != host::msgbox::kYes) {
-    return;
+    return false;
   }
   try {
     ui.ShowProgress(ui.Messages().Text(kClearing));
@@ -199,9 +199,11 @@ void UIRecovery::DBDeleteAllRecords() {
         "LastCreateDate = NULL");
     RunOnPos("UPDATE [Carrier] SET CurrentKm = 0");
     ui.CloseProgress();
+    return true;
   } catch (const host::Error& error) {
     ui.CloseProgress();
     ui.ShowError(error.Number(), error.Description(), kAllRecordsSource);
+    return false;
   }
 }
 

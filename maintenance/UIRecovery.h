@@ -18,7 +18,8 @@ class UIRecovery {
   // documents of items, stock, customers and suppliers, the series' numbers
   // and the carriers' kilometres are set back. A failure goes to the host's
   // error display under "UIRecovery.DBDeleteAllRecords" and ends it.
-  void DBDeleteAllRecords();
+  // Returns whether it ran to its end (false when declined or failed).
+  bool DBDeleteAllRecords();
   // Empties one table; a table the schema does not have is passed over. A
   // failure goes to the host's error display under
   // "UIRecovery.DBDeleteAllRecords", not to the caller.

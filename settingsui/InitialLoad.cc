@@ -48,15 +48,23 @@ bool RunInitialLoad(LumaroConnectorSetting& settings, LoadEvents* events, bool s
     return false;
   }
   if (!ValidateSettings(settings, true)) return false;
+  // The settings form also publishes the series of the active points here
+  // (PublishSeries); that belongs with the form, which is not built yet.
   if (store_settings) Host().NewSettingStore()->Save(settings);
   std::shared_ptr<host::DatabaseService> back_office = ConnectBackOffice(settings);
   if (!back_office) {
     Show(ui.Messages().Text(kNotConnected));
     return false;
   }
-  ModConnectorLumaro::NewRunDictionary();
+  // The run's dictionary lives for the load, and goes when it ends, also
+  // when a failure of the clearing ends it.
+  struct RunDictionary {
+    RunDictionary() { ModConnectorLumaro::NewRunDictionary(); }
+    ~RunDictionary() { ModConnectorLumaro::DropRunDictionary(); }
+  };
   if (events) events->ProgressGlobal(ui.Messages().Text(kPreparing), "");
   {
+    RunDictionary dictionary;
     BSOUpgBrevantaLumaroConfiguration configuration;
     BSOUpgBrevantaLumaroTables tables;
     configuration.SetSourceDatabase(back_office);
@@ -77,7 +85,6 @@ bool RunInitialLoad(LumaroConnectorSetting& settings, LoadEvents* events, bool s
     tables.DocumentLimit = PlainList(settings.InitializeDocument);
     tables.InitializeTillara();
   }
-  ModConnectorLumaro::DropRunDictionary();
   DSOLumaroLog log_store;
   if (log_store.CheckOrCreateLumaroLogTable()) {
     LumaroLog log;

@@ -3,6 +3,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <cstdio>
 #include <vector>
 
 #include "connector/host/Error.h"
@@ -55,7 +56,7 @@ class Statement {
 };
 
 // The kind a column's SQL type reads as.
-enum class FieldKind { kInt16, kInt32, kDouble, kBoolean, kDate, kText };
+enum class FieldKind { kInt16, kInt32, kDouble, kBoolean, kDate, kTime, kBytes, kText };
 
 FieldKind KindOf(SQLSMALLINT type) {
   switch (type) {
@@ -74,12 +75,17 @@ FieldKind KindOf(SQLSMALLINT type) {
     case SQL_BIT:
       return FieldKind::kBoolean;
     case SQL_TYPE_DATE:
-    case SQL_TYPE_TIME:
     case SQL_TYPE_TIMESTAMP:
     case SQL_DATE:
-    case SQL_TIME:
     case SQL_TIMESTAMP:
       return FieldKind::kDate;
+    case SQL_TYPE_TIME:
+    case SQL_TIME:
+      return FieldKind::kTime;
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY:
+      return FieldKind::kBytes;
     default:
       return FieldKind::kText;
   }
@@ -89,10 +95,25 @@ FieldKind KindOf(SQLSMALLINT type) {
 host::Variant ReadField(const Statement& statement, SQLUSMALLINT column, FieldKind kind,
                         std::string_view sql) {
   SQLLEN indicator = 0;
+  // SQL_NO_DATA passes: it ends a value read in pieces.
   auto get = [&](SQLSMALLINT c_type, void* target, SQLLEN size) {
     SQLRETURN rc = SQLGetData(statement.get(), column, c_type, target, size, &indicator);
-    if (!Succeeded(rc)) statement.Fail(sql);
+    if (rc != SQL_NO_DATA && !Succeeded(rc)) statement.Fail(sql);
     return rc;
+  };
+  // A value read in pieces, each appended with its length (the terminating
+  // byte of text left out); false for NULL.
+  auto pieces = [&](SQLSMALLINT c_type, size_t terminator, auto append) {
+    char buffer[4096];
+    for (;;) {
+      SQLRETURN rc = get(c_type, buffer, sizeof buffer);
+      if (rc == SQL_NO_DATA) return true;
+      if (indicator == SQL_NULL_DATA) return false;
+      bool more =
+          indicator == SQL_NO_TOTAL || indicator > static_cast<SQLLEN>(sizeof buffer - terminator);
+      append(buffer, more ? sizeof buffer - terminator : static_cast<size_t>(indicator));
+      if (!more) return true;
+    }
   };
   switch (kind) {
     case FieldKind::kInt16: {
@@ -123,29 +144,29 @@ host::Variant ReadField(const Statement& statement, SQLUSMALLINT column, FieldKi
       SQL_TIMESTAMP_STRUCT value{};
       get(SQL_C_TYPE_TIMESTAMP, &value, sizeof value);
       if (indicator == SQL_NULL_DATA) return host::Variant::Null();
-      // A time alone comes on day 0 of the driver's calendar.
-      if (value.year == 0)
-        return host::Variant(host::MakeDate(1899, 12, 30, value.hour, value.minute, value.second));
       return host::Variant(host::MakeDate(value.year, value.month, value.day, value.hour,
                                           value.minute, value.second));
+    }
+    case FieldKind::kTime: {
+      SQL_TIME_STRUCT value{};
+      get(SQL_C_TYPE_TIME, &value, sizeof value);
+      if (indicator == SQL_NULL_DATA) return host::Variant::Null();
+      return host::Variant(host::MakeDate(1899, 12, 30, value.hour, value.minute, value.second));
+    }
+    case FieldKind::kBytes: {
+      host::Variant::Bytes bytes;
+      bool present = pieces(SQL_C_BINARY, 0, [&](const char* data, size_t size) {
+        bytes.insert(bytes.end(), data, data + size);
+      });
+      return present ? host::Variant(std::move(bytes)) : host::Variant::Null();
     }
     case FieldKind::kText:
       break;
   }
-  // Text comes in pieces until the driver has no more.
   std::string text;
-  char buffer[4096];
-  for (;;) {
-    SQLRETURN rc = get(SQL_C_CHAR, buffer, sizeof buffer);
-    if (indicator == SQL_NULL_DATA) return host::Variant::Null();
-    if (rc == SQL_NO_DATA) break;
-    size_t got = indicator == SQL_NO_TOTAL || indicator >= static_cast<SQLLEN>(sizeof buffer)
-                     ? sizeof buffer - 1
-                     : static_cast<size_t>(indicator);
-    text.append(buffer, got);
-    if (rc == SQL_SUCCESS) break;
-  }
-  return host::Variant(std::move(text));
+  bool present =
+      pieces(SQL_C_CHAR, 1, [&](const char* data, size_t size) { text.append(data, size); });
+  return present ? host::Variant(std::move(text)) : host::Variant::Null();
 }
 
 }  // namespace
@@ -298,8 +319,26 @@ void OdbcDatabase::EndTransaction(bool commit) {
 }
 
 void OdbcDatabase::Disconnect() {
-  Connection();  // a second disconnect raises 3704, as a closed connection does
+  SQLHDBC dbc = Connection();  // a second disconnect raises 3704, as a closed one does
+  // What was not committed is undone before the connection goes.
+  if (transaction_depth_ > 0) SQLEndTran(SQL_HANDLE_DBC, dbc, SQL_ROLLBACK);
+  transaction_depth_ = 0;
   handles_->Close();
+}
+
+std::string OdbcSqlFormat::DateLiteral(host::Date value) const {
+  host::DateParts p = host::SplitDate(value);
+  char text[32];
+  std::snprintf(text, sizeof text, "'%04d%02d%02d %02d:%02d:%02d'", p.year, p.month, p.day, p.hour,
+                p.minute, p.second);
+  return text;
+}
+
+std::string OdbcSqlFormat::TimeLiteral(host::Date value) const {
+  host::DateParts p = host::SplitDate(host::TimePart(value));
+  char text[16];
+  std::snprintf(text, sizeof text, "'%02d:%02d:%02d'", p.hour, p.minute, p.second);
+  return text;
 }
 
 }  // namespace standalone

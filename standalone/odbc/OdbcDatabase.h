@@ -10,14 +10,25 @@
 
 namespace standalone {
 
+// The literals of SQL Server: a date as 'YYYYMMDD HH:MM:SS', which the
+// server reads alike whatever its login's language (the dashed form it
+// reads by the language's order of day and month); text, numbers and truth
+// values as SQLite's.
+class OdbcSqlFormat : public SqliteSqlFormat {
+ public:
+  std::string DateLiteral(host::Date value) const override;
+  std::string TimeLiteral(host::Date value) const override;
+};
+
 // A DatabaseService over an ODBC connection (unixODBC): the back office's
 // SQL Server through FreeTDS, or any database an ODBC driver reaches.
 // Statements pass as written, in the server's own dialect. Results are read
 // whole into client-side recordsets whose fields take their kind from the
 // column's SQL type: integer types as 16- or 32-bit integers (wider ones as
 // doubles), BIT as a truth value, decimal and floating types as doubles,
-// DATE/TIME/TIMESTAMP as dates, everything else as text (UTF-8). Literals
-// are written as SQL Server reads them ('YYYY-MM-DD HH:MM:SS', 1/0).
+// DATE/TIME/TIMESTAMP as dates (a time alone on 1899-12-30), binary
+// columns as bytes, everything else as text (UTF-8). Literals are written
+// as SQL Server reads them.
 class OdbcDatabase : public host::DatabaseService {
  public:
   // Connects with an ODBC connection string. Raises a host::Error with the
@@ -49,7 +60,7 @@ class OdbcDatabase : public host::DatabaseService {
 
   std::unique_ptr<Handles> handles_;
   std::unique_ptr<OdbcSchema> schema_;
-  SqliteSqlFormat format_;
+  OdbcSqlFormat format_;
   StatementTexts texts_{format_};
   int transaction_depth_ = 0;
 };

@@ -42,6 +42,13 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
   // up step by step. Either way all of it or none.
   database.BeginTrans();
   try {
+    // Another program may have prepared the database while this one waited
+    // for the write lock: what it finds then is read again.
+    version = PosSchemaVersionOf(database);
+    if (version == kPosSchemaVersion) {
+      database.CommitTrans();
+      return PreparedAs::kCurrent;
+    }
     if (version == 0) {
       for (std::string_view statement : PosSchemaStatements()) database.ExecuteScript(statement);
       for (std::string_view statement : FactoryDataStatements()) database.ExecuteScript(statement);

@@ -127,12 +127,13 @@ TEST(ProgramExport, AMissingFolderIsAMessageAndAStop) {
 }
 
 // Clearing every document asks first: No (the default) keeps the database as
-// it is, byte for byte; --yes clears the day's sales and receipts.
+// it is, byte for byte, and is no success; --yes clears the day's sales and
+// receipts.
 TEST(ProgramExport, DeleteAllRecordsAsksFirst) {
   ExportShop shop;
   const std::string before = ReadBytes(shop.Database());
   auto declined = shop.Lumaro({"delete-all-records"});
-  EXPECT_EQ(declined.exit_code, 0) << declined.err;
+  EXPECT_EQ(declined.exit_code, 1) << declined.err;
   EXPECT_NE(declined.err.find("?"), std::string::npos) << declined.err;
   EXPECT_TRUE(ReadBytes(shop.Database()) == before) << "the POS database changed";
 

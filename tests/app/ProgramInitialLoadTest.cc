@@ -345,4 +345,27 @@ TEST(ProgramInitialLoad, AFailedStatementIsLoggedWithItsStepAndTheLoadGoesOn) {
   EXPECT_EQ(shop.Lines("SELECT COUNT(*) FROM LumaroLog"), "1\n");
 }
 
+// A value of a row that cannot be read loses its own column only: the row is
+// saved with the rest, and the steps after it run.
+TEST(ProgramInitialLoad, AValueThatCannotBeReadLosesOnlyItsColumn) {
+  Shop shop;
+  shop.BackOffice(
+      "UPDATE Moeda SET DtCamb = '31/02/2026' WHERE CMoe = 'USD';"
+      "UPDATE Moeda SET TConv = 'x' WHERE CMoe = 'PTE';"
+      "ALTER TABLE Opers DROP COLUMN CGr;");
+  auto load = shop.Load();
+  ASSERT_EQ(load.exit_code, 0) << load.err;
+  EXPECT_EQ(shop.Lines("SELECT CurrencyKey || '|' || RelatedCurrencyID || '|' || SaleExchange || "
+                       "'|' || DecimalPlaces FROM Currency WHERE CurrencyID = 'USD'"),
+            "USD|EUR|0.922339|2\n");
+  // Without their groups' column the users are saved all the same.
+  EXPECT_EQ(shop.Lines("SELECT COUNT(*) FROM AppUsers WHERE AppUserKey <> ''"), "4\n");
+  int currency_entries = 0;
+  for (const std::string& entry : shop.LogEntries()) {
+    if (entry.find("<Upgrade_Currency>") != std::string::npos) ++currency_entries;
+  }
+  EXPECT_GE(currency_entries, 2) << ReadBytes(shop.LogFile());
+  EXPECT_EQ(shop.Lines("SELECT COUNT(*) FROM LumaroLog"), "1\n");
+}
+
 }  // namespace

@@ -52,6 +52,24 @@ TEST_F(OdbcDatabaseTest, FieldsTakeTheKindOfTheirColumns) {
   EXPECT_FALSE(db->Schema().TableExists("Artig"));
 }
 
+// A time alone lands on day 0 of the date serials; bytes stay bytes; a text
+// longer than a read's piece comes whole.
+TEST_F(OdbcDatabaseTest, TimesBytesAndLongTextsComeAsTheyAre) {
+  std::string long_text;
+  for (int i = 0; i < 3000; ++i) long_text += "ção";
+  SqliteDatabase::Open(File(), SqliteDatabase::OpenMode::kExisting)
+      ->ExecuteScript(
+          "CREATE TABLE Artig (CArt VARCHAR(20), HrAlt TIME, Img BLOB, Obs TEXT);"
+          "INSERT INTO Artig VALUES ('PAO', '12:34:56', X'89504E4700FF', '" +
+          long_text + "');");
+  auto rs = Connect()->OpenRecordset("SELECT * FROM Artig");
+  EXPECT_EQ(rs->Fields("HrAlt").AsDate().serial, host::MakeDate(1899, 12, 30, 12, 34, 56).serial);
+  EXPECT_EQ(rs->Fields("Img").Type(), host::VariantType::kBytes);
+  EXPECT_EQ(rs->Fields("Img").AsBytes(),
+            (host::Variant::Bytes{0x89, 0x50, 0x4E, 0x47, 0x00, 0xFF}));
+  EXPECT_EQ(rs->Fields("Obs").AsString(), long_text);
+}
+
 TEST_F(OdbcDatabaseTest, FailuresSayWhyAndTransactionsEndAsTold) {
   EXPECT_EQ(host::RaisedNumber([&] { OdbcDatabase::Connect("DRIVER=NoSuchDriver;"); }),
             -2147467259);
