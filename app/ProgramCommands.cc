@@ -3,6 +3,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <iostream>
 #include <pugixml.hpp>
@@ -44,20 +45,33 @@ std::string Readable(const std::string& xml) {
 // A line typed at the terminal without its echo, after the prompt on
 // stderr; a line of standard input as it comes when that is no terminal.
 // Without its line end.
+// The terminal as it was before its echo went off: put back on an
+// interruption too, so that Ctrl-C does not leave it silent.
+termios saved_terminal;
+
+void RestoreTerminalAndStop(int signal_number) {
+  ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &saved_terminal);
+  std::signal(signal_number, SIG_DFL);
+  std::raise(signal_number);
+}
+
 std::string ReadSecretLine(std::ostream& err, const char* prompt) {
   bool terminal = ::isatty(STDIN_FILENO) == 1;
-  termios saved{};
   if (terminal) {
     err << prompt << std::flush;
-    ::tcgetattr(STDIN_FILENO, &saved);
-    termios quiet = saved;
+    ::tcgetattr(STDIN_FILENO, &saved_terminal);
+    termios quiet = saved_terminal;
     quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    std::signal(SIGINT, RestoreTerminalAndStop);
+    std::signal(SIGTERM, RestoreTerminalAndStop);
     ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
   }
   std::string line;
   bool read = static_cast<bool>(std::getline(std::cin, line));
   if (terminal) {
-    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &saved);
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &saved_terminal);
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
     err << '\n';
   }
   if (!read) throw std::runtime_error("no password was given");
