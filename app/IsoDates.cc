@@ -3,15 +3,12 @@
 #include <cstdio>
 #include <ctime>
 
+#include "standalone/sqlite/SqliteSqlFormat.h"
+
 namespace app {
 
-std::string LocalIso(host::Date date) {
-  host::DateParts p = host::SplitDate(date);
-  char text[32];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", p.year, p.month, p.day, p.hour,
-                p.minute, p.second);
-  return text;
-}
+// The form the POS database stores its dates in.
+std::string LocalIso(host::Date date) { return standalone::StoredDateText(date); }
 
 std::string UtcIso(std::chrono::system_clock::time_point moment) {
   std::time_t seconds = std::chrono::system_clock::to_time_t(moment);

@@ -179,11 +179,10 @@ void BSOUpgBrevantaLumaroConfiguration::ReloadSettings() {
 
 void BSOUpgBrevantaLumaroConfiguration::Upgrade_ConfSystem() {
   LoadStep("Upgrade_ConfSystem").Run(1, [&] {
-    host::RecordsetPtr rs =
-        source_.Get().OpenRecordset("SELECT Valor FROM ParEMp WHERE CPar='Sede'");
-    if (rs->Eof()) return;
-    std::string seat = FieldConverter::ToText(rs->Fields("Valor"));
-    host::RecordsetTools::CloseRecordset(rs);
+    std::optional<host::Variant> seat_value =
+        FirstValue(source_.Get(), "SELECT Valor FROM ParEMp WHERE CPar='Sede'", "Valor");
+    if (!seat_value) return;
+    std::string seat = FieldConverter::ToText(*seat_value);
     // Exactly these letters; any other leaves the region as it stands.
     std::string region = seat == "C" ? "CON" : seat == "M" ? "MA" : seat == "A" ? "AC" : "";
     std::shared_ptr<host::SystemSettings> settings = ModConnectorLumaro::GetSystemSettings();

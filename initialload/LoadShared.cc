@@ -25,6 +25,22 @@ host::DatabaseService& LoadTarget() {
   return ModConnectorLumaro::Host().DataManager().Connection().Database();
 }
 
+std::optional<host::Variant> FirstValue(host::DatabaseService& db, const std::string& sql,
+                                        const char* column) {
+  host::RecordsetPtr rs = db.OpenRecordset(sql);
+  std::optional<host::Variant> value;
+  if (!rs->Eof()) value = rs->Fields(column);
+  host::RecordsetTools::CloseRecordset(rs);
+  return value;
+}
+
+bool HasRows(host::DatabaseService& db, const std::string& sql) {
+  host::RecordsetPtr rs = db.OpenRecordset(sql);
+  bool any = !rs->Eof();
+  host::RecordsetTools::CloseRecordset(rs);
+  return any;
+}
+
 double GetNewIDFromTable(const std::string& table, const std::string& field) {
   double id = 0;
   LoadStep("GetNewIDFromTable").Run(1, [&] {

@@ -2,6 +2,7 @@
 #define LUMARO_INITIALLOAD_LOAD_SHARED_H_
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,13 @@ class SourceDatabase {
 
 // The host's POS database, which the load fills.
 host::DatabaseService& LoadTarget();
+
+// The first row's value of `column` of a query, or nothing when there is
+// no row.
+std::optional<host::Variant> FirstValue(host::DatabaseService& db, const std::string& sql,
+                                        const char* column);
+// Whether a query gives any row.
+bool HasRows(host::DatabaseService& db, const std::string& sql);
 
 // The next free id of `field` in `table` of the POS database: its greatest
 // value plus 1; 1 for an empty table. A failure is logged under

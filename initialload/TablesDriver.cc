@@ -51,10 +51,7 @@ void BSOUpgBrevantaLumaroTables::ExecuteCompactDatabase() {
 void BSOUpgBrevantaLumaroTables::UpgradeTables() {
   LoadStep step("UpgradeTables");
   step.Run(1, [&] {
-    host::RecordsetPtr terms = source_.Get().OpenRecordset("SELECT * FROM CDPag");
-    bool any = !terms->Eof();
-    host::RecordsetTools::CloseRecordset(terms);
-    if (any) UIRecovery().DeleteKassimoTables(7);
+    if (HasRows(source_.Get(), "SELECT * FROM CDPag")) UIRecovery().DeleteKassimoTables(7);
   });
   step.Run(2, [&] {
     host::SystemContext& context = ModConnectorLumaro::Host().SystemManager().Context();
@@ -95,10 +92,10 @@ void BSOUpgBrevantaLumaroTables::UpgradeTables() {
 int16_t BSOUpgBrevantaLumaroTables::GetFamilyLevelDigits(int level) {
   int16_t digits = 0;
   LoadStep("Load_ApplicationParam").Run(1, [&] {
-    host::RecordsetPtr rs = source_.Get().OpenRecordset(
-        "SELECT Valor FROM ParEmp WHERE CPar='CFam" + std::to_string(level) + "'");
-    if (!rs->Eof()) digits = host::CInt(rs->Fields(0));
-    host::RecordsetTools::CloseRecordset(rs);
+    std::optional<host::Variant> value = FirstValue(
+        source_.Get(), "SELECT Valor FROM ParEmp WHERE CPar='CFam" + std::to_string(level) + "'",
+        "Valor");
+    if (value) digits = host::CInt(*value);
   });
   return digits;
 }

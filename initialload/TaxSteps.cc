@@ -53,19 +53,6 @@ std::string RatePrefix(const std::string& region, int sequence) {
   return std::string("TxIva") + place + kClassLetter[sequence];
 }
 
-host::Host& Host() { return ModConnectorLumaro::Host(); }
-host::DatabaseService& PosDatabase() { return Host().DataManager().Connection().Database(); }
-
-// The first row's value of the column, or nothing when there is no row.
-std::optional<host::Variant> FirstValue(host::DatabaseService& db, const std::string& sql,
-                                        const char* column) {
-  host::RecordsetPtr rs = db.OpenRecordset(sql);
-  std::optional<host::Variant> value;
-  if (!rs->Eof()) value = rs->Fields(column);
-  host::RecordsetTools::CloseRecordset(rs);
-  return value;
-}
-
 }  // namespace
 
 std::string BSOUpgBrevantaLumaroTables::GetParameterKeyByDate(const std::string& prefix) {
@@ -100,7 +87,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Taxes() {
       std::optional<host::Variant> rate = FirstValue(source_.Get(), source_sql, "TaxRate");
       if (!rate) return;
       double source_rate = host::FieldConverter::ToNumber(*rate);
-      host::DatabaseService& pos = PosDatabase();
+      host::DatabaseService& pos = LoadTarget();
       const host::SqlFormat& format = pos.SqlFormat();
       std::string clause = " WHERE TaxGroupID ='IVA' " + std::string(" AND CountryID='") +
                            format.QuoteText(settings->CountryID) + "'" + " AND TaxRegionID='" +
@@ -122,7 +109,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_TaxExemptionReason() {
     std::optional<host::Variant> reason = FirstValue(
         source_.Get(), "SELECT Valor FROM ParEMp WHERE CPar='TaxExemptionReason'", "Valor");
     if (!reason) return;
-    host::DatabaseService& pos = PosDatabase();
+    host::DatabaseService& pos = LoadTarget();
     // For every country and region.
     pos.OpenRecordset("UPDATE TaxTable SET TaxExemptionReason='" +
                       pos.SqlFormat().QuoteText(host::FieldConverter::ToText(*reason)) + "'" +
@@ -136,7 +123,7 @@ void BSOUpgBrevantaLumaroTables::Load_ApplicationParam() {
   std::shared_ptr<host::SystemSettings> context_settings;
   if (!step.Run(1, [&] {
         settings = ModConnectorLumaro::GetSystemSettings();
-        context_settings = Host().SystemManager().Context().Settings();
+        context_settings = ModConnectorLumaro::Host().SystemManager().Context().Settings();
       })) {
     return;
   }
@@ -145,11 +132,11 @@ void BSOUpgBrevantaLumaroTables::Load_ApplicationParam() {
     set(*settings);
     set(*context_settings);
   };
-  const host::SqlFormat& format = PosDatabase().SqlFormat();
+  const host::SqlFormat& format = LoadTarget().SqlFormat();
   step.Run(2, [&] {
     both([](host::SystemSettings& s) { s.UsePropertyItems = true; });
-    PosDatabase().OpenRecordset("UPDATE ConfSystem SET UsePropertyItems = " +
-                                format.Boolean(settings->UsePropertyItems));
+    LoadTarget().OpenRecordset("UPDATE ConfSystem SET UsePropertyItems = " +
+                               format.Boolean(settings->UsePropertyItems));
   });
   step.Run(3, [&] {
     std::optional<host::Variant> applies = FirstValue(
@@ -168,18 +155,15 @@ void BSOUpgBrevantaLumaroTables::Load_ApplicationParam() {
     host::KeyDictionary& keys = ModConnectorLumaro::RunDictionary();
     keys.Add(host::Variant(settings->AplySalesRetentionTax), "AplyRetentionTax|");
     keys.Add(host::Variant(settings->RetentionTax), "RetentionTax|");
-    PosDatabase().OpenRecordset("UPDATE ConfSystem SET AplySalesRetentionTax = " +
-                                format.Boolean(settings->AplySalesRetentionTax) +
-                                ", RetentionTax=" + format.Number(settings->RetentionTax));
+    LoadTarget().OpenRecordset("UPDATE ConfSystem SET AplySalesRetentionTax = " +
+                               format.Boolean(settings->AplySalesRetentionTax) +
+                               ", RetentionTax=" + format.Number(settings->RetentionTax));
   });
   step.Run(4, [&] {
-    host::RecordsetPtr kits = source_.Get().OpenRecordset("SELECT * FROM ArAgr");
-    bool any = !kits->Eof();
-    host::RecordsetTools::CloseRecordset(kits);
-    if (!any) return;
+    if (!HasRows(source_.Get(), "SELECT * FROM ArAgr")) return;
     both([](host::SystemSettings& s) { s.UseCompositeItems = true; });
-    PosDatabase().OpenRecordset("UPDATE ConfSystem SET UseCompositeItems = " +
-                                format.Boolean(settings->UseCompositeItems));
+    LoadTarget().OpenRecordset("UPDATE ConfSystem SET UseCompositeItems = " +
+                               format.Boolean(settings->UseCompositeItems));
   });
 }
 
@@ -191,9 +175,9 @@ void BSOUpgBrevantaLumaroTables::Load_Taxes() {
   if (!step.Run(1, [&] {
         settings = ModConnectorLumaro::GetSystemSettings();
         keys = &ModConnectorLumaro::RunDictionary();
-        rs = ModConnectorLumaro::Host().DataManager().Connection().Database().OpenRecordset(
-            "SELECT * From TaxTable WHERE TaxGroupID ='IVA' " + std::string(" AND CountryID='") +
-            settings->CountryID + "'" + " AND TaxRegionID='" + settings->TaxRegionID + "'");
+        rs = LoadTarget().OpenRecordset("SELECT * From TaxTable WHERE TaxGroupID ='IVA' " +
+                                        std::string(" AND CountryID='") + settings->CountryID +
+                                        "'" + " AND TaxRegionID='" + settings->TaxRegionID + "'");
       })) {
     return;
   }

@@ -23,13 +23,11 @@ void Show(const std::string& text) { Host().UIManager().MsgBox(text, host::msgbo
 // Customers made at the till whose sales are not exported yet: the load
 // would lose them.
 bool PendingCustomers() {
-  host::RecordsetPtr rs = Host().DataManager().Connection().Database().OpenRecordset(
-      std::string("SELECT * FROM Customer") +
-      " INNER JOIN SaleTransaction ON (SaleTransaction.PartyID = Customer.CustomerID)" +
-      " WHERE SaleTransaction.AccountingExportDate Is Null" + " AND Customer.CustomerKey =''");
-  bool pending = !rs->Eof();
-  host::RecordsetTools::CloseRecordset(rs);
-  return pending;
+  return HasRows(LoadTarget(), std::string("SELECT * FROM Customer") +
+                                   " INNER JOIN SaleTransaction ON (SaleTransaction.PartyID = "
+                                   "Customer.CustomerID)" +
+                                   " WHERE SaleTransaction.AccountingExportDate Is Null" +
+                                   " AND Customer.CustomerKey =''");
 }
 
 }  // namespace
