@@ -93,19 +93,6 @@ TEST(ProgramBackOffice, AnOdbcConnectionStringIsTakenAsItStands) {
   EXPECT_EQ(not_reached.err, kNotReached);
 }
 
-TEST(ProgramBackOffice, AServerThatCannotBeReachedIsTheFailureMessage) {
-  TempFolder folder;
-  ASSERT_EQ(LoadSettings(folder, ReadBytes(kExampleSettings)).exit_code, 0);
-  auto result = RunLumaro(folder.Path(), {"backoffice", "test"});
-  EXPECT_EQ(result.exit_code, 1);
-  EXPECT_EQ(result.err, kNotReached);
-
-  TempFolder bare;
-  auto no_settings = RunLumaro(bare.Path(), {"backoffice", "test"});
-  EXPECT_EQ(no_settings.exit_code, 1);
-  EXPECT_NE(no_settings.err.find("no settings are stored"), std::string::npos) << no_settings.err;
-}
-
 TEST(ProgramBackOffice, ThePasswordIsStoredEncryptedAndAClearOneIsNamedNotTaken) {
   TempFolder folder;
   ASSERT_EQ(LoadSettings(folder, ReadBytes(kExampleSettings)).exit_code, 0);

@@ -1,11 +1,9 @@
 // The run report of `lumaro import`: what became of each file (imported,
-// passed over, rolled back), its records by tag as the printed account gives
-// them, the refused records, and the exit code of a run that failed or was
-// stopped.
+// passed over, rolled back), its records by tag, the refused records, and the
+// exit code of a run that failed or was stopped.
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 
 #include "tests/app/ImportShop.h"
@@ -16,7 +14,6 @@ namespace {
 using namespace importshop;
 using nlohmann::json;
 using testsupport::ExpectReportHead;
-using testsupport::TextLines;
 
 const std::string kFolderMissing = "A pasta de importação/exportação não existe.";
 const std::string kClosing = "A importação foi efectuada com erros.\r\nConsulte ficheiro log";
@@ -29,26 +26,6 @@ testsupport::ReportedRun Import(ImportShop& shop, std::vector<std::string> args)
 
 json Counts(int added, int updated, int refused) {
   return {{"added", added}, {"updated", updated}, {"refused", refused}};
-}
-
-// The per-file account that `lumaro import` prints on stdout, read back:
-// the lines "  XX: A added, U updated, R refused" under "FILE: ...".
-json PrintedRecords(const std::string& out, const std::string& file) {
-  json records = json::object();
-  bool inside = false;
-  for (const auto& line : TextLines(out)) {
-    if (!line.starts_with(" ")) {
-      inside = line.starts_with(file + ": ");
-      continue;
-    }
-    char tag[3] = {};
-    int added, updated, refused;
-    if (inside && std::sscanf(line.c_str(), "  %2[A-Z]: %d added, %d updated, %d refused", tag,
-                              &added, &updated, &refused) == 4) {
-      records[tag] = Counts(added, updated, refused);
-    }
-  }
-  return records;
 }
 
 std::string Text(const json& value) { return value.is_string() ? value.get<std::string>() : ""; }
@@ -83,7 +60,6 @@ TEST(ProgramImportReport, TellsEachFileAndItsRecords) {
   EXPECT_EQ(first["outcome"], "imported");
   EXPECT_EQ(first["reason"], nullptr);
   EXPECT_EQ(first["records"], records);
-  EXPECT_EQ(first["records"], PrintedRecords(run.result.out, "ITpv0001.txt")) << run.result.out;
   ASSERT_EQ(first["refused"].size(), 1u) << first["refused"];
   EXPECT_EQ(first["refused"][0]["tag"], "VN");
   EXPECT_EQ(first["refused"][0]["line"], 3);
@@ -123,7 +99,6 @@ TEST(ProgramImportReport, AFileThatRaisesAnErrorIsRolledBackAndTheRunFails) {
   EXPECT_EQ(files[1]["name"], "ITpv0002.txt");
   EXPECT_EQ(files[1]["outcome"], "rolled_back");
   EXPECT_EQ(files[1]["reason"], error);
-  EXPECT_EQ(files[1]["records"], PrintedRecords(run.result.out, "ITpv0002.txt")) << run.result.out;
   EXPECT_EQ(shop.Salesmen(), "V1");
 }
 
