@@ -60,7 +60,9 @@ void ResetSeries(const Kind& kind) {
       kind.Documents());
 }
 
-// The ledger rows that removed receipts settled are open again.
+// The ledger rows that removed receipts settled are open again. Kept as
+// the clearing has always had it: any receipt of behaviour 0 reopens the
+// documents it names in this ledger, whatever account it was made for.
 void RestorePendingAmounts(const char* ledger) {
   RunOnPos("UPDATE  [" + std::string(ledger) +
            "] SET [TotalPendingAmount] = [TotalAmount] WHERE TransDocument IN (SELECT DISTINCT "
