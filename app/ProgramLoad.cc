@@ -19,15 +19,18 @@ namespace {
 constexpr int32_t kLoading = 3880109;
 constexpr int kMigrationEntriesShown = 5;
 
-// The load's progress on the terminal: the table being loaded, and a bar of
-// its rows.
+// The load's progress on the terminal: the table being loaded, by its
+// description, and a bar of its rows.
 class LoadProgress : public lumaro::LoadEvents {
  public:
-  LoadProgress(TerminalNotifier& notifier, const host::MessageCatalogue& messages)
-      : notifier_(notifier), messages_(messages) {}
+  LoadProgress(TerminalNotifier& notifier, host::Host& host)
+      : notifier_(notifier),
+        messages_(host.UIManager().Messages()),
+        connection_(host.DataManager().Connection()) {}
 
   void ProgressGlobal(std::string_view task, std::string_view) override {
-    notifier_.Detail(messages_.Format(kLoading, {host::Variant(std::string(task))}));
+    notifier_.Detail(
+        messages_.Format(kLoading, {host::Variant(connection_.TableDescription(task))}));
   }
   void ProgressCurrent(std::string_view task, double current, double max) override {
     notifier_.Progress(static_cast<int32_t>(current), static_cast<int32_t>(max),
@@ -38,6 +41,7 @@ class LoadProgress : public lumaro::LoadEvents {
  private:
   TerminalNotifier& notifier_;
   const host::MessageCatalogue& messages_;
+  host::DatabaseConnection& connection_;
 };
 
 // The size of a file; 0 when it is not there.
@@ -71,7 +75,7 @@ int Program::InitialLoadCommand() {
   standalone::StandaloneHost& host = Host();
   const std::string log_path = host::BuildPath(host.Context().WorkFolder(), "Migration.log");
   std::streamoff log_start = FileSize(log_path);
-  LoadProgress progress(*notifier_, host.UIManager().Messages());
+  LoadProgress progress(*notifier_, host);
   bool ran;
   {
     AttachedHost attached(host);

@@ -86,6 +86,9 @@ class BSOUpgBrevantaLumaroTables {
   // caller).
   void ClearPosTables();
   void ExecuteCompactDatabase();
+  // Makes the series `code` (upper-cased) numbered apart from the tills, or
+  // writes over the one there.
+  void Create_Serie(const std::string& code);
   // The digits of a family level: the back office's parameter CFam<level>,
   // 0 when there is none. A failure is logged under "Load_ApplicationParam",
   // as it always has been.

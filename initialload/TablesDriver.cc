@@ -4,11 +4,20 @@
 #include "connector/ModConnectorLumaro.h"
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
+#include "connector/host/Text.h"
 #include "initialload/BSOUpgBrevantaLumaroTables.h"
 #include "initialload/LoadStep.h"
 #include "maintenance/UIRecovery.h"
 
 namespace lumaro {
+namespace {
+
+// The series of the documents a plain load makes when the host numbers
+// them apart from its tills'; a series of that kind.
+constexpr const char* kExternalSeries = "EXT";
+constexpr int16_t kSeriesNumberedElsewhere = 2;
+
+}  // namespace
 
 void BSOUpgBrevantaLumaroTables::InitializeTillara() {
   initialize_mode_ = true;
@@ -54,10 +63,15 @@ void BSOUpgBrevantaLumaroTables::UpgradeTables() {
     if (HasRows(source_.Get(), "SELECT * FROM CDPag")) UIRecovery().DeleteKassimoTables(7);
   });
   step.Run(2, [&] {
-    host::SystemContext& context = ModConnectorLumaro::Host().SystemManager().Context();
-    // The external series ("EXT") of a plain load is made once that step is
-    // built; until then every load takes the workstation's series.
-    series_key_ = context.CurrentWorkstation().SeriesKey();
+    host::Host& host = ModConnectorLumaro::Host();
+    host::SystemContext& context = host.SystemManager().Context();
+    if (context.ExternalSeries() && !initialize_mode_) {
+      series_key_ = kExternalSeries;
+      Create_Serie(series_key_);
+      host.UIManager().Refresh();
+    } else {
+      series_key_ = context.CurrentWorkstation().SeriesKey();
+    }
   });
   Load_ApplicationParam();
   if (initialize_mode_) LoadTenders();
@@ -87,6 +101,17 @@ void BSOUpgBrevantaLumaroTables::UpgradeTables() {
   Upgrade_ItemComponents();
   Upgrade_ItemAlternative();
   if (!initialize_mode_) LoadStock();
+}
+
+void BSOUpgBrevantaLumaroTables::Create_Serie(const std::string& code) {
+  LoadStep("Create_Serie").Run(1, [&] {
+    host::SeriesCatalogue& catalogue =
+        ModConnectorLumaro::Host().ModuleManager().ConnectorRegistry().SeriesCatalogue();
+    host::Series series;
+    series.TransSerial = host::UCase(code);
+    series.SeriesType = kSeriesNumberedElsewhere;
+    catalogue.Save(series, !catalogue.Exists(series.TransSerial));
+  });
 }
 
 int16_t BSOUpgBrevantaLumaroTables::GetFamilyLevelDigits(int level) {

@@ -14,12 +14,14 @@
 #include "connector/host/Text.h"
 #include "standalone/odbc/OdbcDatabase.h"
 #include "standalone/schema/PosDatabase.h"
+#include "standalone/schema/PosSchema.h"
 #include "standalone/services/SqliteAppUserServices.h"
 #include "standalone/services/SqliteCustomerService.h"
 #include "standalone/services/SqliteEntityServices.h"
 #include "standalone/services/SqliteFamilyService.h"
 #include "standalone/services/SqliteItemService.h"
 #include "standalone/services/SqliteSalesmanService.h"
+#include "standalone/services/SqliteSeriesCatalogue.h"
 #include "standalone/services/SqliteTaxCalculator.h"
 
 namespace standalone {
@@ -92,6 +94,9 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
     return OdbcDatabase::Connect(SqlServerConnectionString(description));
   }
   host::DatabaseConnection& Connection() override { return *this; }
+  std::string TableDescription(std::string_view table) override {
+    return standalone::TableDescription(table);
+  }
 
  private:
   SqliteDatabase& database_;
@@ -99,12 +104,15 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
 
 class HostRegistry : public host::ConnectorRegistry, public host::ModuleManager {
  public:
-  explicit HostRegistry(host::SettingStore& store) : store_(store) {}
+  HostRegistry(host::SettingStore& store, SqliteDatabase& database)
+      : store_(store), series_(database) {}
   host::SettingStore& SettingStore() override { return store_; }
+  host::SeriesCatalogue& SeriesCatalogue() override { return series_; }
   host::ConnectorRegistry& ConnectorRegistry() override { return *this; }
 
  private:
   host::SettingStore& store_;
+  SqliteSeriesCatalogue series_;
 };
 
 class HostFileTools : public host::FileTools, public host::NameTools {
@@ -140,7 +148,7 @@ class HostFileTools : public host::FileTools, public host::NameTools {
 class StandaloneHost::Roots {
  public:
   Roots(StandaloneContext& context, SqliteDatabase& database, host::SettingStore& store)
-      : system(context), connection(database), registry(store) {}
+      : system(context), connection(database), registry(store, database) {}
   HostSystemManager system;
   HostConnection connection;
   HostRegistry registry;

@@ -15,6 +15,7 @@
 #include "connector/host/ImportObserver.h"
 #include "connector/host/SaleDocumentReader.h"
 #include "connector/host/Security.h"
+#include "connector/host/SeriesCatalogue.h"
 #include "connector/host/SettingStore.h"
 #include "connector/host/SystemContext.h"
 #include "connector/host/UIManager.h"
@@ -50,6 +51,9 @@ class DatabaseConnection {
   virtual DatabaseService& Database() = 0;
   // Opens another database; raises when it cannot be reached.
   virtual std::shared_ptr<DatabaseService> OpenDatabase(const DatabaseDescription& description) = 0;
+  // The description of a table of the POS database, for a person to read;
+  // the table's name when the host has none.
+  virtual std::string TableDescription(std::string_view table) { return std::string(table); }
 };
 
 // DataManager: the host's data access.
@@ -64,6 +68,7 @@ class ConnectorRegistry {
  public:
   virtual ~ConnectorRegistry() = default;
   virtual host::SettingStore& SettingStore() = 0;
+  virtual host::SeriesCatalogue& SeriesCatalogue() = 0;
 };
 
 class ModuleManager {

@@ -40,6 +40,9 @@ class UIManager {
   // its text changed), then closed. A host without one shows nothing.
   virtual void ShowProgress(std::string_view text) { (void)text; }
   virtual void CloseProgress() {}
+  // Reads again what the host's windows show from the database, after the
+  // connector changed it behind them.
+  virtual void Refresh() {}
   // The host's display of an error that ends an operation: a critical
   // message box with the number and the description, titled by the source.
   virtual void ShowError(int32_t number, std::string_view description, std::string_view source) {

@@ -10,7 +10,9 @@ std::vector<std::string_view> DocumentsSchema() {
 CREATE TABLE Series (
   TransSerial VARCHAR(10) NOT NULL PRIMARY KEY,
   Description VARCHAR(50) NOT NULL DEFAULT '',
-  SeriesType SMALLINT NOT NULL DEFAULT 0))sql",
+  SeriesType SMALLINT NOT NULL DEFAULT 0,
+  SeriesYear SMALLINT NOT NULL DEFAULT 0,
+  SeriesLocked SMALLINT NOT NULL DEFAULT 0))sql",
       // A document type. What a DocumentDefinition offers the export comes
       // from here: AsksPayment is UsesPayment, the entry sign is DocumentSign
       // ("+" or "-"), and PaymentBehaviour.PaymentMode is PaymentMode (1: paid

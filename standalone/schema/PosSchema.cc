@@ -63,6 +63,11 @@ std::vector<std::string_view> PosSchemaUpgrade(int from) {
               "ALTER TABLE AppUsers ADD COLUMN CanChangePrices BIT NOT NULL DEFAULT 1",
               "ALTER TABLE AppUsers ADD COLUMN CanVoidDocuments BIT NOT NULL DEFAULT 1",
               "PRAGMA user_version = 2"};
+    case 2:
+      // 3: a series' year and lock, which a series the load makes sets.
+      return {"ALTER TABLE Series ADD COLUMN SeriesYear SMALLINT NOT NULL DEFAULT 0",
+              "ALTER TABLE Series ADD COLUMN SeriesLocked SMALLINT NOT NULL DEFAULT 0",
+              "PRAGMA user_version = 3"};
     default:
       return {};
   }

@@ -1,6 +1,7 @@
 #ifndef LUMARO_STANDALONE_SCHEMA_POS_SCHEMA_H_
 #define LUMARO_STANDALONE_SCHEMA_POS_SCHEMA_H_
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -8,7 +9,7 @@ namespace standalone {
 
 // The version of the POS schema below, kept in PRAGMA user_version. Raise it
 // with every change, and add the upgrade steps from the previous version.
-inline constexpr int kPosSchemaVersion = 2;
+inline constexpr int kPosSchemaVersion = 3;
 
 // The DDL of a POS database: every table and column that the connector and
 // its host name, letter for letter (the host's misspellings included), with
@@ -32,6 +33,10 @@ std::vector<std::string_view> PosSchemaUpgrade(int from);
 // warehouse 1, tenders 1 and 10, the sale document "TVD", workstation 1,
 // user 1, ...). Statements in order, run once after the DDL.
 std::vector<std::string_view> FactoryDataStatements();
+
+// The description of a POS table for a person, in Portuguese as the POS
+// speaks; the table's name for a table without one.
+std::string TableDescription(std::string_view table);
 
 }  // namespace standalone
 

@@ -4,64 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include "connector/ModConnectorLumaro.h"
-#include "connector/host/Conversions.h"
-#include "initialload/BSOUpgBrevantaLumaroTables.h"
-#include "standalone/sqlite/SqliteDatabase.h"
-#include "tests/support/TestHost.h"
+#include "tests/initialload/SampleLoad.h"
 
 namespace {
 
 using lumaro::ModConnectorLumaro;
 using standalone::SqliteDatabase;
 
-const std::string kSampleBackOffice =
-    std::string(LUMARO_SOURCE_DIR) + "/examples/backoffice/backoffice.sql";
-
-class TaxSteps : public testing::Test {
- protected:
-  TaxSteps() {
-    host::SetClockOverride(host::MakeDate(2026, 11, 23, 9, 30, 0));
-    ModConnectorLumaro::AttachHost(&pos_.Host());
-    ModConnectorLumaro::NewRunDictionary();
-    SqliteDatabase::Open(BackOfficeFile(), SqliteDatabase::OpenMode::kCreateIfMissing)
-        ->ExecuteScript(testsupport::ReadBytes(kSampleBackOffice));
-  }
-  ~TaxSteps() override {
-    ModConnectorLumaro::DropRunDictionary();
-    ModConnectorLumaro::DetachHost(&pos_.Host());
-    host::SetClockOverride(std::nullopt);
-  }
-
-  std::string BackOfficeFile() const { return pos_.Folder().File("EMP012026Lumaro.db"); }
-  void ChangeBackOffice(const std::string& sql) {
-    SqliteDatabase::Open(BackOfficeFile(), SqliteDatabase::OpenMode::kExisting)->ExecuteScript(sql);
-  }
-  // The POS in `region`, its settings read anew.
-  void PosInRegion(const std::string& region) {
-    pos_.Exec("UPDATE ConfSystem SET TaxRegionID = '" + region + "'");
-    pos_.Host().Context().SetSettings(pos_.Host().Context().LoadSettings(1));
-  }
-  // The load's tables object over the back office, read-only as the load
-  // has it.
-  std::unique_ptr<lumaro::BSOUpgBrevantaLumaroTables> Load() {
-    auto load = std::make_unique<lumaro::BSOUpgBrevantaLumaroTables>();
-    load->SetSourceDatabase(
-        SqliteDatabase::Open(BackOfficeFile(), SqliteDatabase::OpenMode::kReadOnly));
-    return load;
-  }
-  // The IVA rates of a region, by class 1 to 4.
-  std::string Rates(const std::string& region) {
-    return pos_.Rows("SELECT TaxRate FROM TaxTable WHERE TaxGroupID = 'IVA' AND TaxRegionID = '" +
-                     region + "' ORDER BY TaxSequenceID");
-  }
-  std::string MigrationLog() {
-    std::string path = pos_.Folder().File("Migration.log");
-    return testsupport::FileExists(path) ? testsupport::ReadBytes(path) : "";
-  }
-
-  testsupport::TestHost pos_;
-};
+class TaxSteps : public testsupport::SampleLoad {};
 
 TEST_F(TaxSteps, EachRegionTakesTheRatesInForceToday) {
   // The mainland's normal rate of 2010 was replaced in 2011; that of 2099 is

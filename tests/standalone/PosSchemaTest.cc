@@ -4,10 +4,10 @@
 #include <string>
 
 #include "connector/host/Error.h"
-#include "tests/host/HostTestTools.h"
 #include "standalone/StandaloneHost.h"
 #include "standalone/schema/PosDatabase.h"
 #include "standalone/schema/PosSchema.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/support/TestHost.h"
 
 namespace standalone {
@@ -81,8 +81,9 @@ TEST_F(PosSchema, BareHostRowsArePendingForExport) {
 TEST(PosSchemaUpgrade, AnOlderDatabaseIsUpgradedWithItsRows) {
   // The columns in the order of their names: an added column comes last.
   const std::string kColumns =
-      "SELECT name || ' ' || type || ' ' || dflt_value FROM pragma_table_info('AppUsers') "
-      "ORDER BY name";
+      "SELECT 'AppUsers ' || name || ' ' || type || ' ' || dflt_value FROM "
+      "pragma_table_info('AppUsers') UNION ALL SELECT 'Series ' || name || ' ' || type || ' ' || "
+      "dflt_value FROM pragma_table_info('Series') ORDER BY 1";
   testsupport::TempFolder folder;
   const std::string path = folder.File("old.db");
   std::string fresh_layout;
@@ -94,14 +95,16 @@ TEST(PosSchemaUpgrade, AnOlderDatabaseIsUpgradedWithItsRows) {
         "ALTER TABLE AppUsers DROP COLUMN SecurityLevel; ALTER TABLE AppUsers DROP COLUMN "
         "MaximumDiscount; ALTER TABLE AppUsers DROP COLUMN DefaultWorkstationID; ALTER TABLE "
         "AppUsers DROP COLUMN Active; ALTER TABLE AppUsers DROP COLUMN CanChangePrices; ALTER "
-        "TABLE AppUsers DROP COLUMN CanVoidDocuments; PRAGMA user_version = 1;"
+        "TABLE AppUsers DROP COLUMN CanVoidDocuments; ALTER TABLE Series DROP COLUMN SeriesYear; "
+        "ALTER TABLE Series DROP COLUMN SeriesLocked; PRAGMA user_version = 1;"
         "INSERT INTO AppUsers (AppUserID, AppUserKey, AppUserName) VALUES (7, 'EVA', 'Eva')");
   }
   auto db = OpenPosDatabase(path);
   EXPECT_EQ(PosSchemaVersionOf(*db), kPosSchemaVersion);
   EXPECT_EQ(testsupport::Rows(*db, kColumns), fresh_layout);
-  EXPECT_EQ(testsupport::Rows(*db, "SELECT AppUserName || '/' || Active FROM AppUsers "
-                                   "ORDER BY AppUserID"),
+  EXPECT_EQ(testsupport::Rows(*db,
+                              "SELECT AppUserName || '/' || Active FROM AppUsers "
+                              "ORDER BY AppUserID"),
             "Administrador/1,Eva/1");
 }
 

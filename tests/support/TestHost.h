@@ -41,8 +41,10 @@ class RecordingUI : public host::UIManager {
   const host::MessageCatalogue& Messages() const override { return catalogue_; }
   int MsgBox(std::string_view text, int style, std::string_view title = "") override;
   bool ShowForm(std::string_view form_name) override;
+  void Refresh() override { ++refreshes; }
 
   std::vector<Box> boxes;
+  int refreshes = 0;
   std::vector<std::string> forms;
   int answer = host::msgbox::kYes;
 
