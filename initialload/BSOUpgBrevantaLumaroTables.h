@@ -3,8 +3,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "connector/host/DatabaseService.h"
+#include "connector/host/Entities.h"
 #include "initialload/LoadShared.h"
 
 namespace lumaro {
@@ -121,6 +123,42 @@ class BSOUpgBrevantaLumaroTables {
   void Upgrade_ItemAlternative();
   void LoadStock();
   void Upgrade_Documents();
+
+  // The zone of the European Union ("Zone|UE") or the one outside it
+  // ("Zone|EX"), made anew at each call.
+  void Create_ZoneUE();
+  void Create_ZoneEX();
+  void CreateZone(const char* step_name, int32_t description, int16_t zone_type, const char* key);
+
+  // One part of a payment term paid in parts.
+  struct Installment {
+    int16_t InstallmentID = 0;
+    int16_t DaysSinceLastPayment = 0;
+    double InstallmentPercent = 0;
+  };
+  // The parts of the payment term `code` (those with days and a percentage),
+  // each with its days after the one before; `last_days` takes the days of
+  // the last.
+  std::vector<Installment> ReadInstallments(const std::string& code, double& last_days);
+  void SaveInstallments(double payment_id, const std::vector<Installment>& installments);
+
+  // The credit of a customer: its state alone in the initial mode, its
+  // amount and days too in a plain load.
+  void SetCredit(const host::Recordset& rs, host::Customer& customer);
+  // The discount of a customer's discount code: the code itself as a
+  // number, or for a code "*..." the back office's discount of that code,
+  // read once per load; 0 for an empty code.
+  double GetCustomerDirectDiscount(const std::string& code);
+  void SetSupplierPayment(const host::Recordset& rs, double default_tender,
+                          host::Supplier& supplier);
+  // The supplier the POS must have when the back office has none; does
+  // nothing once "Supplier|-1" is set.
+  void Create_SupplierDefault();
+
+  // Tells of the table a step begins.
+  void Progress(const char* task) {
+    if (events_) events_->ProgressGlobal(task, "");
+  }
 
   SourceDatabase source_;  // closed when this object goes
   LoadEvents* events_ = nullptr;

@@ -1,13 +1,16 @@
 #ifndef LUMARO_INITIALLOAD_LOAD_SHARED_H_
 #define LUMARO_INITIALLOAD_LOAD_SHARED_H_
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "connector/host/DatabaseService.h"
+#include "connector/host/KeyDictionary.h"
 #include "connector/host/SqlStatement.h"
+#include "connector/host/SystemContext.h"
 
 namespace lumaro {
 
@@ -61,9 +64,48 @@ int16_t GetZoneType(double code);
 // "GetCountryID" and gives empty text.
 std::string GetCountryID(double code);
 
+// The tax regime of a customer or supplier of a zone code: 5 in the
+// European Union, 6 outside it, the POS's own at home.
+int16_t TaxRegimeOfZone(double zone_code);
+
 // The audit columns of a row the load writes by statement: the host's
-// workstation, session and user, today's date and the time of day.
+// workstation, session and user, today's date and the time of day. The
+// tables of the geography keep the user, the date and the time alone.
 void SetAuditColumns(host::SqlStatement& statement);
+void SetUserAuditColumns(host::SqlStatement& statement);
+
+class LoadStep;
+
+// The rows of a step's source table: `sql` opened on the back office (a
+// failure is logged under the step and ends it), each row handed to `row`,
+// then ProgressCurrent with `task`, the running count and the RecordCount,
+// then MoveNext; the recordset closed at the end. A RecordCount not above 0
+// reads no row. Returns the RecordCount (0 when the open failed).
+double ForEachSourceRow(LoadStep& step, host::DatabaseService& source, const std::string& sql,
+                        const std::string& task, LoadEvents* events,
+                        const std::function<void(const host::Recordset&)>& row);
+
+// A column of the back office's current row through FieldConverter: NULL
+// reads as empty text, 0, date 0 or False.
+std::string SourceText(const host::Recordset& row, const char* column);
+std::string SourceTrimmed(const host::Recordset& row, const char* column);
+double SourceNumber(const host::Recordset& row, const char* column);
+bool SourceBoolean(const host::Recordset& row, const char* column);
+host::Date SourceDate(const host::Recordset& row, const char* column);
+// The text of a column's number: "7" for " 007".
+std::string SourceNumberText(const host::Recordset& row, const char* column);
+// Whether the back office's rows have that column.
+bool SourceHasColumn(const host::Recordset& row, const char* column);
+
+// The host's context, and a text of its message catalogue.
+host::SystemContext& HostContext();
+std::string CatalogueText(int32_t id);
+
+// The run's dictionary, and its values as the load reads them: an unknown
+// key gives empty text or 0.
+host::KeyDictionary& Keys();
+std::string KeyText(const std::string& key);
+double KeyNumber(const std::string& key);
 
 // Runs the INSERT or the UPDATE text of a statement on the POS database, as
 // the statement runner writes it.

@@ -16,13 +16,17 @@
 #include "standalone/schema/PosDatabase.h"
 #include "standalone/schema/PosSchema.h"
 #include "standalone/services/SqliteAppUserServices.h"
+#include "standalone/services/SqliteCommercialServices.h"
+#include "standalone/services/SqliteCustomerLedgerService.h"
 #include "standalone/services/SqliteCustomerService.h"
 #include "standalone/services/SqliteEntityServices.h"
 #include "standalone/services/SqliteFamilyService.h"
 #include "standalone/services/SqliteItemService.h"
+#include "standalone/services/SqlitePartnerServices.h"
 #include "standalone/services/SqliteSalesmanService.h"
 #include "standalone/services/SqliteSeriesCatalogue.h"
 #include "standalone/services/SqliteTaxCalculator.h"
+#include "standalone/services/SqliteWarehouseService.h"
 
 namespace standalone {
 namespace {
@@ -255,7 +259,7 @@ std::unique_ptr<host::FamilyService> StandaloneHost::NewFamilyService() {
 }
 
 std::unique_ptr<host::SupplierService> StandaloneHost::NewSupplierService() {
-  return std::make_unique<SqliteSupplierService>(*database_);
+  return std::make_unique<SqliteSupplierService>(*database_, roots_->system);
 }
 
 std::unique_ptr<host::AppGroupService> StandaloneHost::NewAppGroupService() {
@@ -272,6 +276,29 @@ std::unique_ptr<host::ItemPropertyService> StandaloneHost::NewItemPropertyServic
 
 std::unique_ptr<host::TaxCalculator> StandaloneHost::NewTaxCalculator() {
   return std::make_unique<SqliteTaxCalculator>(*database_);
+}
+
+std::unique_ptr<host::LoadUnloadPlaceService> StandaloneHost::NewLoadUnloadPlaceService() {
+  return std::make_unique<SqliteLoadUnloadPlaceService>(*database_);
+}
+
+std::unique_ptr<host::WarehouseService> StandaloneHost::NewWarehouseService() {
+  return std::make_unique<SqliteWarehouseService>(*database_);
+}
+
+std::unique_ptr<host::BankService> StandaloneHost::NewBankService() {
+  return std::make_unique<SqliteBankService>(*database_, roots_->system);
+}
+
+std::unique_ptr<host::CustomerLedgerService> StandaloneHost::NewCustomerLedgerService() {
+  return std::make_unique<SqliteCustomerLedgerService>(*database_);
+}
+
+host::Party StandaloneHost::NewParty(int16_t kind, double id) {
+  host::Party party;
+  party.PartyID = SystemManager().PartyIDBase(id, kind);
+  party.PartyType = kind;
+  return party;
 }
 
 }  // namespace standalone

@@ -61,6 +61,12 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::SupplierService> NewSupplierService() override;
   std::unique_ptr<host::ItemPropertyService> NewItemPropertyService() override;
   std::unique_ptr<host::TaxCalculator> NewTaxCalculator() override;
+  std::unique_ptr<host::LoadUnloadPlaceService> NewLoadUnloadPlaceService() override;
+  std::unique_ptr<host::WarehouseService> NewWarehouseService() override;
+  std::unique_ptr<host::BankService> NewBankService() override;
+  std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() override;
+  // PartyID: SystemManager().PartyIDBase(id, kind); PartyType: the kind.
+  host::Party NewParty(int16_t kind, double id) override;
 
   host::ImportObserver* ImportObserver() override { return import_observer_; }
   // Watches the imports from now on; nullptr stops. The observer outlives

@@ -31,7 +31,25 @@ struct Salesman {
 struct Carrier {
   double CarrierID = 0;
   std::string CarrierKey;
-  std::string CarrierName;
+  std::string CarrierName;  // the Description column
+  std::string CurrencyID;
+  double CurrencyExchange = 1;
+  double CurrencyFactor = 1;
+  double CurrentKm = 0;
+};
+
+struct PriceLine {
+  double PriceLineID = 0;
+  std::string PriceLineKey;
+  std::string ShortName;
+  std::string Description;
+  std::string LanguageID;
+};
+
+// A place of loading or unloading of goods.
+struct LoadUnloadPlace {
+  double LoadUnloadPlaceID = 0;
+  std::string Description;
 };
 
 struct Payment {
@@ -56,6 +74,46 @@ struct PartyAddress {
   std::string CountryID;
   std::string ProvinceID;
   double LocalityID = 0;
+};
+
+// A telephone of a party's person: TelephoneType 0 a telephone, 1 a fax.
+struct Telephone {
+  int32_t TelephoneID = 0;
+  int16_t TelephoneType = 0;
+  std::string TelephoneNumber;
+};
+
+// A contact person of a party, with its telephones.
+struct Person {
+  int32_t PersonID = 0;
+  std::string Title;
+  std::string Name;
+  std::vector<Telephone> Telephones;
+};
+
+// A bank account of a party (a bank's own accounts).
+struct BankAccount {
+  int32_t BankAccountID = 0;
+  int32_t BankID = 0;
+  std::string BankName;
+  std::string Description;
+  std::string CountryID;
+  std::string BankCode;
+  std::string BranchCode;
+  std::string AccountNumber;
+  std::string CheckDigits;
+  std::string CurrencyID;
+};
+
+// What a party holds beside its main address (AddressID 0, kept on its
+// owner): further addresses (ids from 1), contact persons and bank
+// accounts. Saved with its owner, it replaces all the party held of these.
+struct Party {
+  double PartyID = 0;
+  int16_t PartyType = 0;
+  std::vector<PartyAddress> Addresses;
+  std::vector<Person> Persons;
+  std::vector<BankAccount> BankAccounts;
 };
 
 // A customer with its main address (the party address of AddressID). Its
@@ -100,6 +158,80 @@ struct Customer {
   std::string Comments;
   std::string PresetText;
   std::optional<Date> CreationDate;  // empty: NULL
+  // Its further addresses and contacts; none leaves those it has.
+  std::optional<host::Party> Party;
+};
+
+// A supplier with its main address (AddressID 0 of its party). Its party is
+// of kind 1, with the PartyID that SystemManager.PartyIDBase gives its
+// SupplierID.
+struct Supplier {
+  double SupplierID = 0;
+  std::string SupplierKey;
+  std::string OrganizationName;
+  double AddressID = 0;
+  std::string AddressLine1;
+  std::string AddressLine2;
+  std::string PostalCode;
+  std::string CountryID;
+  std::string ProvinceID;
+  double LocalityID = 0;
+  std::string CurrencyID;
+  std::string EmailAddress;
+  std::string Telephone1;
+  std::string Fax;
+  std::string FederalTaxID;
+  double ZoneID = 0;
+  double PaymentID = 0;
+  double TenderID = 0;
+  int16_t TaxRegime = 0;
+  double DirectDiscount = 0;
+  bool AplyRetentionTax = false;
+  double RetentionTax = 0;
+  bool Inactive = false;
+  std::string Comments;
+  std::optional<Date> CreationDate;  // empty: NULL
+  std::optional<host::Party> Party;
+};
+
+// A bank; its accounts are those of its party (kind 3).
+struct Bank {
+  int32_t BankID = 0;
+  std::string BankKey;
+  std::string Name;
+  std::string CountryID;
+  std::string Telephone1;
+  std::string Fax;
+  std::optional<host::Party> Party;
+};
+
+struct Warehouse {
+  int16_t WarehouseID = 0;
+  std::string WarehouseKey;
+  std::string Description;
+  std::string AddressLine1;
+  std::string AddressLine2;
+  std::string PostalCode;
+  std::string CountryID;
+};
+
+// One line of a customer's ledger: a document (TransSerial, TransDocument,
+// TransDocNumber) that the customer owes or paid.
+struct LedgerLine {
+  std::string TransSerial;
+  std::string TransDocument;
+  int32_t TransDocNumber = 0;  // 0: the next number of the series' document
+  double PartyID = 0;
+  double TotalAmount = 0;
+  double TotalPendingAmount = 0;
+  double TotalPaidAmount = 0;
+  std::string CurrencyID;
+  double CurrencyExchange = 1;
+  double CurrencyFactor = 1;
+  std::optional<Date> CreateDate;
+  std::optional<Date> DueDate;
+  double PaymentID = 0;
+  int16_t TransactionKind = 0;
 };
 
 // One of a family's level rows.

@@ -92,6 +92,8 @@ class CarrierService {
   // 0 for an empty or unknown key.
   virtual double GetIDFromKey(std::string_view carrier_key) = 0;
   virtual double GetFirstID() = 0;
+  // Inserts the carrier under its CarrierID when `is_new`, else updates it.
+  virtual void Save(const Carrier& carrier, bool is_new) = 0;
 };
 
 class PaymentService {
@@ -120,6 +122,18 @@ class PriceLineService {
   virtual double GetFirstID() = 0;
   // Every price line of the host, ordered by id.
   virtual RecordsetPtr GetPriceLines() = 0;
+  // The id a new price line takes.
+  virtual double NextID() = 0;
+  // Inserts the line under its PriceLineID when `is_new`, else updates it.
+  virtual void Save(const PriceLine& line, bool is_new) = 0;
+};
+
+class LoadUnloadPlaceService {
+ public:
+  virtual ~LoadUnloadPlaceService() = default;
+  virtual bool Exists(double place_id) = 0;
+  // Inserts the place under its id when `is_new`, else updates it.
+  virtual void Save(const LoadUnloadPlace& place, bool is_new) = 0;
 };
 
 // The customers' zones.
@@ -154,7 +168,9 @@ class CustomerService {
   virtual bool Exists(double customer_id) = 0;
   virtual std::shared_ptr<Customer> Get(double customer_id) = 0;
   // Inserts the customer (with its party and main address) under
-  // `customer_id`, or updates the one there.
+  // `customer_id`, or updates the one there; with its Party set, the
+  // party's further addresses, persons with their telephones, and bank
+  // accounts become those.
   virtual void Save(const Customer& customer, double customer_id) = 0;
 };
 
@@ -179,6 +195,42 @@ class SupplierService {
   virtual ~SupplierService() = default;
   // The supplier of an item that names none; 0 when the host has none.
   virtual double GetDefaultSupplierID() = 0;
+  // The id a new supplier takes.
+  virtual double NextID() = 0;
+  // Inserts the supplier (its party and main address) when `is_new`, else
+  // updates it; with its Party set, the party's further addresses, persons
+  // with their telephones, and bank accounts become those.
+  virtual void Save(const Supplier& supplier, bool is_new) = 0;
+};
+
+class BankService {
+ public:
+  virtual ~BankService() = default;
+  // Inserts the bank under `bank_id` (with its party) when `is_new`, else
+  // updates it; with its Party set, the party's accounts (and any further
+  // addresses and persons) become those.
+  virtual void Save(const Bank& bank, int32_t bank_id, bool is_new) = 0;
+};
+
+class WarehouseService {
+ public:
+  virtual ~WarehouseService() = default;
+  // The id a new warehouse takes.
+  virtual int16_t NextID() = 0;
+  // By id, or by key (the empty key too) when the id is 0.
+  virtual bool Exists(int16_t warehouse_id, std::string_view warehouse_key) = 0;
+  // Inserts the warehouse under `warehouse_id` when `is_new`, else updates
+  // it.
+  virtual void Save(const Warehouse& warehouse, int16_t warehouse_id, bool is_new) = 0;
+};
+
+// The customers' ledgers.
+class CustomerLedgerService {
+ public:
+  virtual ~CustomerLedgerService() = default;
+  // Adds the line; one without a number takes the next of its series and
+  // document, which is written back into it.
+  virtual void Save(LedgerLine& line) = 0;
 };
 
 class ItemService {

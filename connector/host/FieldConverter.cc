@@ -1,6 +1,5 @@
 #include "connector/host/FieldConverter.h"
 
-
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 
@@ -59,7 +58,11 @@ double FieldConverter::ToNumber(const Variant& value) {
     try {
       return ParseNumber(text, ".");  // the stored form
     } catch (const Error&) {
+    }
+    try {
       return CDbl(value);
+    } catch (const Error&) {
+      return 0;  // a text that is no number reads as 0, as a NULL does
     }
   }
   return CDbl(value);

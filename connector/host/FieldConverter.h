@@ -11,7 +11,8 @@ namespace host {
 // Reads a field's value into the kind the caller asks for. NULL (and Empty)
 // never fail: ToText gives "", ToNumber 0, ToDate date 0, ToBoolean False.
 // Text that holds a stored date ("YYYY-MM-DD HH:MM:SS") or a stored truth
-// value ("1"/"0") reads back as what it stands for.
+// value ("1"/"0") reads back as what it stands for; a text that is no
+// number reads as the number 0 (a currency code "EUR" read as a number).
 class FieldConverter {
  public:
   static std::string ToText(const Variant& value);

@@ -110,6 +110,13 @@ class Host {
   virtual std::unique_ptr<host::SupplierService> NewSupplierService() = 0;
   virtual std::unique_ptr<host::ItemPropertyService> NewItemPropertyService() = 0;
   virtual std::unique_ptr<host::TaxCalculator> NewTaxCalculator() = 0;
+  virtual std::unique_ptr<host::LoadUnloadPlaceService> NewLoadUnloadPlaceService() = 0;
+  virtual std::unique_ptr<host::WarehouseService> NewWarehouseService() = 0;
+  virtual std::unique_ptr<host::BankService> NewBankService() = 0;
+  virtual std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() = 0;
+  // A new, empty party of `kind` (1 suppliers, 3 banks: the kinds of
+  // SystemManager.PartyIDBase) for the owner of id `id`.
+  virtual host::Party NewParty(int16_t kind, double id) = 0;
 
   // The host's watcher of imports, if it has one; most hosts have none.
   virtual host::ImportObserver* ImportObserver() { return nullptr; }

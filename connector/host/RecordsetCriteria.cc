@@ -41,9 +41,8 @@ class Scanner {
       return name;
     }
     size_t start = pos_;
-    while (pos_ < text_.size() &&
-           (std::isalnum(static_cast<unsigned char>(text_[pos_])) || text_[pos_] == '_' ||
-            text_[pos_] == '.'))
+    while (pos_ < text_.size() && (std::isalnum(static_cast<unsigned char>(text_[pos_])) ||
+                                   text_[pos_] == '_' || text_[pos_] == '.'))
       ++pos_;
     if (start == pos_) Malformed(text_);
     return std::string(text_.substr(start, pos_ - start));
@@ -61,7 +60,9 @@ class Scanner {
     Malformed(text_);
   }
 
-  Variant Value() {
+  // A LIKE pattern may stand without quotes ("CFam LIKE 01*"), as the
+  // family tree's filters write it: a bare word is then its text.
+  Variant Value(bool bare_text = false) {
     SkipBlanks();
     if (pos_ >= text_.size()) Malformed(text_);
     char c = text_[pos_];
@@ -88,6 +89,7 @@ class Scanner {
     size_t start = pos_;
     while (pos_ < text_.size() && !std::isspace(static_cast<unsigned char>(text_[pos_]))) ++pos_;
     std::string number(text_.substr(start, pos_ - start));
+    if (bare_text && !number.empty()) return Variant(number);
     try {
       return Variant(ParseNumber(number, "."));
     } catch (const Error&) {
@@ -123,7 +125,7 @@ RecordsetCriteria::RecordsetCriteria(std::string_view text) {
     Clause clause;
     clause.column = scanner.Column();
     clause.op = scanner.Operator();
-    clause.value = scanner.Value();
+    clause.value = scanner.Value(clause.op == "LIKE");
     groups_.back().push_back(std::move(clause));
     if (scanner.AtEnd()) break;
     if (scanner.Keyword("AND")) continue;

@@ -125,27 +125,44 @@ INSERT INTO CdCob VALUES ('2X', 30, 50);
 INSERT INTO CdCob VALUES ('2X', 60, 50);
 INSERT INTO CdCob VALUES ('PX', 30, 0);
 
--- Districts: "7" comes out as province "07" and keeps its key "7".
+-- Four installments at uneven days: each counts its days from the one
+-- before.
+INSERT INTO CDPag VALUES ('4X', 'Quatro prestações', 0, 'P', 0);
+INSERT INTO CdCob VALUES ('4X', 15, 25);
+INSERT INTO CdCob VALUES ('4X', 45, 25);
+INSERT INTO CdCob VALUES ('4X', 60, 25);
+INSERT INTO CdCob VALUES ('4X', 120, 25);
+
+-- Districts: "7" comes out as province "07" and keeps its key "7"; a
+-- code of ten digits makes a province id too long for the POS, and the
+-- district is left out.
 CREATE TABLE Distr (
-  CDist VARCHAR(5) NOT NULL PRIMARY KEY,
+  CDist VARCHAR(10) NOT NULL PRIMARY KEY,
   DESCR VARCHAR(40));
 INSERT INTO Distr VALUES ('13', 'Porto');
 INSERT INTO Distr VALUES ('11', 'Lisboa');
 INSERT INTO Distr VALUES ('7', 'Évora');
+INSERT INTO Distr VALUES ('1234567890', 'Distrito de código longo');
 
 -- Municipalities: the district and the municipality in one code, the last
 -- two characters being the municipality ("705" is Évora of district "7").
+-- A code of two characters has no district (province "00"); one under the
+-- long district keeps that district, since only the municipality's own two
+-- digits are measured.
 CREATE TABLE Conce (
-  CConc VARCHAR(6) NOT NULL PRIMARY KEY,
+  CConc VARCHAR(12) NOT NULL PRIMARY KEY,
   DESCR VARCHAR(40));
 INSERT INTO Conce VALUES ('1312', 'Porto');
 INSERT INTO Conce VALUES ('1317', 'Vila Nova de Gaia');
 INSERT INTO Conce VALUES ('1106', 'Lisboa');
 INSERT INTO Conce VALUES ('705', 'Évora');
+INSERT INTO Conce VALUES ('15', 'Concelho sem distrito');
+INSERT INTO Conce VALUES ('123456789001', 'Concelho do distrito longo');
 
 -- Zones of the three kinds: home (1 to 499), one of them without a
 -- description, which takes its Sigla; the European Union (500 to 699);
--- outside it (700 to 999).
+-- outside it (700 to 999). A second zone named "Espanha" falls on the
+-- first one's row; a code above 999 counts as home.
 CREATE TABLE ZPais (
   CPais SMALLINT NOT NULL PRIMARY KEY,
   DESCR VARCHAR(40),
@@ -156,6 +173,8 @@ INSERT INTO ZPais VALUES (500, 'Espanha', 'ES');
 INSERT INTO ZPais VALUES (510, 'França', 'FR');
 INSERT INTO ZPais VALUES (700, 'Estados Unidos', 'US');
 INSERT INTO ZPais VALUES (710, 'Brasil', 'BR');
+INSERT INTO ZPais VALUES (520, 'Espanha', 'ES-CN');
+INSERT INTO ZPais VALUES (1000, 'Zona franca', 'ZF');
 
 -- Price lines: two with the tax included in the price, one without.
 CREATE TABLE Preca (
@@ -202,7 +221,9 @@ INSERT INTO GrpCl VALUES ('REV', '');
 -- ("*A", asked by two customers) and by a code that gives none ("*F");
 -- the four credit states; currencies by their codes (read as numbers, so
 -- as the default currency); price line 0 (the fixed one); the inactive
--- salesman; an inactive customer of delegation 2.
+-- salesman; an inactive customer of delegation 2; one of district "7"
+-- whose group is not given and whose carrier, payment and price line the
+-- back office does not know, with a credit state in lower case.
 CREATE TABLE Clien (
   CCLI INTEGER NOT NULL PRIMARY KEY,
   Nome VARCHAR(60),
@@ -259,6 +280,10 @@ INSERT INTO Clien VALUES (200001, 'Pastelaria Lisboeta', 'Rua Augusta, 8', 'Lisb
   1, '11', '1106', 'EUR', '2022-11-30 00:00:00', '509876543', 'V03', 'FM', 'CTT',
   '', 3, '*F', 0, 0, 'L', 800, 30, 'REV', '', '', '', '213456789', 1,
   '', '', '', '', '', '');
+INSERT INTO Clien VALUES (100005, 'Adega do Alentejo', 'Rua de Avis, 3', 'Évora', '7000-591',
+  1, '7', '705', 'EUR', '2026-02-02 00:00:00', '507.111.222', 'V02', 'XX', 'DHL',
+  'adega@alentejo.example.pt', 9, '', 0, 0, ' l ', 0, 0, '', '', 'Só por marcação', '', '266700000', 0,
+  '', '', '', '', '', '');
 
 -- Further addresses of customers: one with telephone and fax, one with
 -- neither (the address alone), one with only its manager's contact.
@@ -274,8 +299,8 @@ CREATE TABLE CliMo (
   ATTGer VARCHAR(40),
   Telger VARCHAR(20),
   PRIMARY KEY (CCli, CMor));
-INSERT INTO CliMo VALUES (100002, 'OBRA', 'Rua do Ouro, 300', 'Porto', ' 4150-552 ', 1, '226100200', '226100201', '', '');
 INSERT INTO CliMo VALUES (100002, 'ESTAL', 'Zona Industrial de Canelas, lote 4', 'Vila Nova de Gaia', '4410-036', 1, '', '', '', '');
+INSERT INTO CliMo VALUES (100002, 'OBRA', 'Rua do Ouro, 300', 'Porto', ' 4150-552 ', 1, '226100200', '226100201', '', '');
 INSERT INTO CliMo VALUES (100003, 'ALM', 'Polígono de Balaídos, 5', 'Vigo', '36210', 500, '', '', 'Xoán Pereira', '+34 986 200 300');
 
 -- Discount codes: "*A" gives 12.5 (with its discounts by family), "*F"
@@ -312,8 +337,9 @@ INSERT INTO TerTo VALUES ('F', 1, 980, 980);
 
 -- Families in three levels of 2, 2 and 3 digits (ParEmp CFam1 to CFam3):
 -- goods and services ("S", and "s" in lower case), a family without a
--- description, which takes its Sigla, and a family of level 3 whose parent
--- of level 2 is missing, which the tree never reaches.
+-- description, which takes its Sigla, one without either, one whose name
+-- the POS keeps for itself, and a family of level 3 whose parent of level
+-- 2 is missing, which the tree never reaches.
 CREATE TABLE FmArt (
   CFam VARCHAR(20) NOT NULL PRIMARY KEY,
   DESCR VARCHAR(40),
@@ -329,13 +355,16 @@ INSERT INTO FmArt VALUES ('0102002', '', 'Cabazes', 'A');
 INSERT INTO FmArt VALUES ('02', 'Bebidas', 'BEB', 'A');
 INSERT INTO FmArt VALUES ('0201', 'Vinhos', 'VINHOS', 'A');
 INSERT INTO FmArt VALUES ('0201001', 'Vinhos do Douro', 'DOURO', 'A');
+INSERT INTO FmArt VALUES ('0201002', '', '', 'A');
+INSERT INTO FmArt VALUES ('0201003', 'Todos', 'TODOS', 'A');
 INSERT INTO FmArt VALUES ('0299001', 'Vinhos sem região', 'SEMREG', 'A');
 INSERT INTO FmArt VALUES ('03', 'Serviços', 'SERV', 'S');
 INSERT INTO FmArt VALUES ('0301', 'Entregas', 'ENTREGAS', 's');
 INSERT INTO FmArt VALUES ('0301001', 'Entregas ao domicílio', 'DOMICILIO', 'S');
 
 -- Warehouses of delegation 1 (codes from 10000) and delegation 2 (from
--- 20000); one that is closed (EArm false) is never read.
+-- 20000); one that is closed (EArm false) is never read; one of
+-- delegation 4, whose code is beyond a 16-bit number.
 CREATE TABLE Armaz (
   CArm INTEGER NOT NULL PRIMARY KEY,
   Sigla VARCHAR(40),
@@ -347,13 +376,15 @@ INSERT INTO Armaz VALUES (10000, 'Armazém do Porto', 'Rua do Freixo, 1000', 'Po
 INSERT INTO Armaz VALUES (10001, 'Loja de Santa Catarina', 'Rua de Santa Catarina, 200', 'Porto', '4000-450', 1);
 INSERT INTO Armaz VALUES (10002, 'Armazém antigo', 'Rua da Alegria, 5', 'Porto', '4000-034', 0);
 INSERT INTO Armaz VALUES (20000, 'Armazém de Lisboa', 'Rua do Açúcar, 50', 'Lisboa', '1950-009', 1);
+INSERT INTO Armaz VALUES (40000, 'Armazém de Faro', 'Estrada da Penha, 40', 'Faro', '8005-139', 1);
 
 -- Suppliers: one with its three contacts and a further address, whose
 -- payment is the condition with a code that is a number; one without
 -- Morada (its Local takes the first line) and with a taxpayer number with
 -- dots, whose payment code is text (it takes the first condition); one of
--- the European Union; one inactive. The table has no TemIRRet: suppliers
--- take the company's retention parameter.
+-- the European Union; one inactive; one outside the European Union that
+-- sells in dollars. The table has no TemIRRet: suppliers take the
+-- company's retention parameter.
 CREATE TABLE Fornc (
   CFor INTEGER NOT NULL PRIMARY KEY,
   Nome VARCHAR(60),
@@ -394,6 +425,10 @@ INSERT INTO Fornc VALUES (3, 'Bodegas del Duero, S.L.', 'Calle Mayor, 3', 'Zamor
 INSERT INTO Fornc VALUES (4, 'Embalagens Évora', 'Rua do Raimundo, 12', 'Évora', '7000-661',
   1, '7', '705', '503555666', '', 'EUR', '30D', '', '266000000',
   'Já não fornece', '2019-01-15 00:00:00', 0, 1,
+  '', '', '', '', '', '');
+INSERT INTO Fornc VALUES (5, ' Pacific Coffee Importers ', '200 Pier Road', 'Seattle', 'WA 98101',
+  700, '', '', 'US.91.1234567', 'sales@pacificcoffee.example.com', 'USD', '2X', '+1 206 555 0101', '+1 206 555 0100',
+  ' Contentores de 20 pés ', '2024-04-04 00:00:00', 2.5, 0,
   '', '', '', '', '', '');
 
 -- Further addresses of suppliers: a warehouse with telephone and fax, and

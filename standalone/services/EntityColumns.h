@@ -187,6 +187,24 @@ class EntityColumns {
   size_t key_count_ = 0;
 };
 
+// Writes the entity's row of `table`, whose id column `id_column` is `id`:
+// inserts it when `is_new`, else updates the row of that id (none updates
+// nothing).
+template <typename Entity>
+void SaveRow(EntityWriter& writer, const char* table, const EntityColumns<Entity>& columns,
+             const Entity& entity, const char* id_column, double id, bool is_new) {
+  host::SqlStatement row;
+  row.SetTable(table);
+  columns.Write(entity, row);
+  if (is_new) {
+    row.Number(id_column, id);
+    writer.Insert(std::move(row));
+  } else {
+    row.KeyNumber(id_column, id);
+    writer.Update(std::move(row));
+  }
+}
+
 }  // namespace standalone
 
 #endif  // LUMARO_STANDALONE_SERVICES_ENTITY_COLUMNS_H_

@@ -2,6 +2,7 @@
 
 #include "connector/host/FieldConverter.h"
 #include "standalone/services/EntityColumns.h"
+#include "standalone/services/SqlitePartyRows.h"
 
 namespace standalone {
 namespace {
@@ -46,7 +47,7 @@ const EntityColumns<Customer> kCustomerColumns = {
     {"CreationDate", &Customer::CreationDate},
 };
 
-// The customer's main address, in PartyAddress but its key.
+// The customer's main address as Get reads it: PartyAddress but its key.
 const EntityColumns<Customer> kAddressColumns = {
     {"AddressLine1", &Customer::AddressLine1}, {"AddressLine2", &Customer::AddressLine2},
     {"PostalCode", &Customer::PostalCode},     {"CountryID", &Customer::CountryID},
@@ -82,10 +83,6 @@ std::shared_ptr<host::Customer> SqliteCustomerService::Get(double customer_id) {
 
 void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
   bool customer_exists = Exists(customer_id);
-  bool address_exists =
-      !db_.Query("SELECT AddressID FROM PartyAddress WHERE PartyID=? AND AddressID=?",
-                 {host::SqlValue::Number(customer_id), host::SqlValue::Number(customer.AddressID)})
-           ->Eof();
   writer_.Atomically([&] {
     host::SqlStatement row;
     row.SetTable("Customer");
@@ -96,26 +93,11 @@ void SqliteCustomerService::Save(const Customer& customer, double customer_id) {
     } else {
       row.Number("CustomerID", customer_id);
       writer_.Insert(std::move(row));
-      if (!RowExists(db_, "Party", "PartyID", customer_id)) {
-        host::SqlStatement party;
-        party.SetTable("Party");
-        party.Number("PartyID", customer_id);
-        party.Number("PartyType", kCustomerPartyKind);
-        SetDate(party, "CreationDate", customer.CreationDate);
-        writer_.Insert(std::move(party));
-      }
     }
-    host::SqlStatement address;
-    address.SetTable("PartyAddress");
-    kAddressColumns.Write(customer, address);
-    if (address_exists) {
-      address.KeyNumber("PartyID", customer_id);
-      address.KeyNumber("AddressID", customer.AddressID);
-      writer_.Update(std::move(address));
-    } else {
-      address.Number("PartyID", customer_id);
-      address.Number("AddressID", customer.AddressID);
-      writer_.Insert(std::move(address));
+    party_rows_.AddPartyIfMissing(customer_id, kCustomerPartyKind, customer.CreationDate);
+    party_rows_.WriteAddress(MainAddressOf(customer, customer_id));
+    if (customer.Party) {
+      party_rows_.ReplaceCollections(customer_id, customer.AddressID, *customer.Party);
     }
   });
 }

@@ -45,22 +45,6 @@ std::shared_ptr<host::Currency> SqliteCurrencyService::Get(std::string_view curr
   return currency;
 }
 
-std::shared_ptr<host::Carrier> SqliteCarrierService::Get(double carrier_id) {
-  auto rs = RowWhere(db_, "Carrier", "CarrierID", carrier_id);
-  if (!rs) return nullptr;
-  auto carrier = std::make_shared<host::Carrier>();
-  carrier->CarrierID = FieldConverter::ToNumber(rs->Fields("CarrierID"));
-  carrier->CarrierKey = FieldConverter::ToText(rs->Fields("CarrierKey"));
-  carrier->CarrierName = FieldConverter::ToText(rs->Fields("Description"));
-  return carrier;
-}
-
-double SqliteCarrierService::GetIDFromKey(std::string_view carrier_key) {
-  return IdFromKey(db_, "Carrier", "CarrierID", "CarrierKey", carrier_key);
-}
-
-double SqliteCarrierService::GetFirstID() { return FirstId(db_, "Carrier", "CarrierID"); }
-
 std::shared_ptr<host::Payment> SqlitePaymentService::Get(double payment_id) {
   auto rs = RowWhere(db_, "Payment", "PaymentID", payment_id);
   if (!rs) return nullptr;
@@ -85,27 +69,6 @@ std::shared_ptr<host::Tender> SqliteTenderService::Get(double tender_id,
 }
 
 double SqliteTenderService::GetDefaultTenderID() { return FirstId(db_, "Tender", "TenderID"); }
-
-std::string SqlitePriceLineService::GetKey(double price_line_id) {
-  auto it = keys_.find(price_line_id);
-  if (it != keys_.end()) return it->second;
-  auto rs = RowWhere(db_, "PriceLine", "PriceLineID", price_line_id);
-  std::string key = rs ? FieldConverter::ToText(rs->Fields("PriceLineKey")) : "";
-  keys_.emplace(price_line_id, key);
-  return key;
-}
-
-double SqlitePriceLineService::GetID(std::string_view price_line_key) {
-  return IdFromKey(db_, "PriceLine", "PriceLineID", "PriceLineKey", price_line_key);
-}
-
-double SqlitePriceLineService::GetFirstID() {
-  return FirstId(db_, "PriceLine", "PriceLineID", "PriceLineID>0");
-}
-
-host::RecordsetPtr SqlitePriceLineService::GetPriceLines() {
-  return db_.OpenRecordset("SELECT * FROM PriceLine ORDER BY PriceLineID");
-}
 
 double SqliteCustomerZoneService::GetIDFromKey(std::string_view zone_key) {
   return IdFromKey(db_, "Zone", "ZoneID", "ZoneKey", zone_key);
@@ -132,10 +95,6 @@ std::shared_ptr<host::PartyAddress> SqlitePartyAddressService::GetPartyAddress(d
   address->ProvinceID = FieldConverter::ToText(rs->Fields("ProvinceID"));
   address->LocalityID = FieldConverter::ToNumber(rs->Fields("LocalityID"));
   return address;
-}
-
-double SqliteSupplierService::GetDefaultSupplierID() {
-  return FirstId(db_, "Supplier", "SupplierID");
 }
 
 std::shared_ptr<host::ItemProperty> SqliteItemPropertyService::Load(std::string_view property_id1,

@@ -7,7 +7,6 @@
 // text. The services that save entities have files of their own.
 
 #include <string>
-#include <unordered_map>
 
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
@@ -20,17 +19,6 @@ class SqliteCurrencyService : public host::CurrencyService {
   explicit SqliteCurrencyService(host::DatabaseService& db) : db_(db) {}
   std::shared_ptr<host::Currency> Get(std::string_view currency_id,
                                       std::string_view second_key) override;
-
- private:
-  host::DatabaseService& db_;
-};
-
-class SqliteCarrierService : public host::CarrierService {
- public:
-  explicit SqliteCarrierService(host::DatabaseService& db) : db_(db) {}
-  std::shared_ptr<host::Carrier> Get(double carrier_id) override;
-  double GetIDFromKey(std::string_view carrier_key) override;
-  double GetFirstID() override;
 
  private:
   host::DatabaseService& db_;
@@ -57,21 +45,6 @@ class SqliteTenderService : public host::TenderService {
   host::DatabaseService& db_;
 };
 
-// Keeps the keys it has read for its own life (the run that made it).
-class SqlitePriceLineService : public host::PriceLineService {
- public:
-  explicit SqlitePriceLineService(host::DatabaseService& db) : db_(db) {}
-  std::string GetKey(double price_line_id) override;
-  double GetID(std::string_view price_line_key) override;
-  // The first line above 0: line 0 holds the cost and is no one's price.
-  double GetFirstID() override;
-  host::RecordsetPtr GetPriceLines() override;
-
- private:
-  host::DatabaseService& db_;
-  std::unordered_map<double, std::string> keys_;
-};
-
 class SqliteCustomerZoneService : public host::CustomerZoneService {
  public:
   explicit SqliteCustomerZoneService(host::DatabaseService& db) : db_(db) {}
@@ -95,16 +68,6 @@ class SqlitePartyAddressService : public host::PartyAddressService {
  public:
   explicit SqlitePartyAddressService(host::DatabaseService& db) : db_(db) {}
   std::shared_ptr<host::PartyAddress> GetPartyAddress(double address_id, double party_id) override;
-
- private:
-  host::DatabaseService& db_;
-};
-
-class SqliteSupplierService : public host::SupplierService {
- public:
-  explicit SqliteSupplierService(host::DatabaseService& db) : db_(db) {}
-  // The first supplier by id.
-  double GetDefaultSupplierID() override;
 
  private:
   host::DatabaseService& db_;

@@ -145,13 +145,35 @@ std::optional<std::string> TranslateTruncate(const Tokens& all) {
          JoinTokens(Tokens(tokens.begin() + static_cast<long>(table_at), tokens.end()));
 }
 
+// Whether the SELECT in [from, end) reads one table in its stored order: a
+// FROM of one name, then nothing or a WHERE, and no ORDER BY or GROUP BY.
+bool ReadsOneTableUnordered(const Tokens& tokens, size_t from, size_t end) {
+  int depth = 0;
+  size_t table = tokens.size();
+  for (size_t k = from; k < end; ++k) {
+    if (tokens[k].IsSymbol("(")) ++depth;
+    if (tokens[k].IsSymbol(")")) --depth;
+    if (depth != 0) continue;
+    if (tokens[k].IsWord("ORDER") || tokens[k].IsWord("GROUP")) return false;
+    if (tokens[k].IsWord("FROM")) table = NextSignificant(tokens, k + 1);
+  }
+  if (table >= end) return false;
+  if (tokens[table].kind != Kind::kWord && tokens[table].kind != Kind::kIdentifier) return false;
+  size_t after = NextSignificant(tokens, table + 1);
+  return after >= end || tokens[after].IsWord("WHERE");
+}
+
 // SELECT [DISTINCT|ALL] TOP n ... -> SELECT [DISTINCT|ALL] ... LIMIT n, the
 // LIMIT going where that SELECT ends: before the parenthesis that closes its
-// subquery, or at the end of the statement.
+// subquery, or at the end of the statement. A TOP of one table without an
+// ORDER BY takes the table's first rows in the order of its key, as a server
+// reads a table by its clustered key: the host's first record is the one of
+// the lowest id, not the first of whatever index the planner chose.
 void TranslateTop(Tokens& tokens) {
   for (size_t i = 0; i < tokens.size(); ++i) {
     if (!tokens[i].IsWord("SELECT")) continue;
     size_t j = NextSignificant(tokens, i + 1);
+    bool distinct = j < tokens.size() && tokens[j].IsWord("DISTINCT");
     if (j < tokens.size() && (tokens[j].IsWord("DISTINCT") || tokens[j].IsWord("ALL"))) {
       j = NextSignificant(tokens, j + 1);
     }
@@ -187,8 +209,9 @@ void TranslateTop(Tokens& tokens) {
     // Keep trailing blanks after the LIMIT.
     size_t insert_at = end;
     while (insert_at > j && tokens[insert_at - 1].IsBlank()) --insert_at;
+    std::string order = !distinct && ReadsOneTableUnordered(tokens, j, end) ? " ORDER BY rowid" : "";
     tokens.insert(tokens.begin() + static_cast<long>(insert_at),
-                  SqlToken{Kind::kBlank, " LIMIT " + count});
+                  SqlToken{Kind::kBlank, order + " LIMIT " + count});
   }
 }
 

@@ -28,4 +28,30 @@ TEST_F(UpgradeTables, APlainLoadWithExternalSeriesMakesTheSeriesEXTOnce) {
   }
 }
 
+// What a plain load does that the initial one does not: the credit's amount
+// and days, the customers' opening balances, the zone outside the Union,
+// and the POS's warehouses kept.
+TEST_F(UpgradeTables, APlainLoadBringsCreditAmountsBalancesAndKeepsTheWarehouses) {
+  Load()->UpgradeTables();
+  // "L" with days is 3, its days at most 999; " l " reads as "L"; "I" has
+  // no amount; "C" and "X" are 0 and set nothing else.
+  EXPECT_EQ(pos_.Rows("SELECT CustomerID || '/' || CreditLimitType || '/' || CreditLimitAmount "
+                      "|| '/' || CreditLimitDays FROM Customer ORDER BY CustomerID"),
+            "100001/0/0/0,100002/3/5000/999,100003/1/0/0,100004/0/0/0,100005/1/0/0,"
+            "200001/3/800/30");
+  // The balances of customers, not of suppliers, nor nil, nor of account 0,
+  // numbered in the workstation's series.
+  EXPECT_EQ(pos_.Rows("SELECT TransSerial || '/' || TransDocument || '/' || TransDocNumber || "
+                      "'/' || PartyID || '/' || TotalAmount || '/' || TotalPendingAmount || '/' "
+                      "|| TransactionKind || '/' || date(CreateDate) FROM CustomerLedgerAccount "
+                      "ORDER BY TransDocNumber"),
+            "A/SIC/1/100002/1250.4/0/6/2026-11-23,A/SIC/2/100004/-300/0/6/2026-11-23");
+  EXPECT_EQ(pos_.Rows("SELECT ZoneType FROM Zone WHERE Description = 'Extracomunitária'"), "2");
+  // The factory's warehouse stays; 40000 is beyond 16 bits and takes the
+  // next id after those before it.
+  EXPECT_EQ(pos_.Rows("SELECT WarehouseID || '/' || WarehouseKey FROM Warehouse ORDER BY "
+                      "WarehouseID"),
+            "1/,10000/10000,10001/10001,20000/20000,20001/40000");
+}
+
 }  // namespace

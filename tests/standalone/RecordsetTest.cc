@@ -80,6 +80,7 @@ TEST_F(Recordset, FilterNarrowsTheRowsAndClearingRestoresThem) {
   const Case cases[] = {
       {"Name = 'Porto' AND Num < 4 OR Name = 'Lisboa'", 2, "1,2"},
       {"Name LIKE '*bo*'", 1, "1"},
+      {"Name LIKE Lis*", 1, "1"},  // a bare pattern is text
       {"Name <> 'porto'", 2, "1,4"},
       {"[Num] <= 2", 2, "1,4"},
       {"Note = Null", 2, "1,3"},

@@ -22,7 +22,11 @@ class SqlDialect : public ScratchDatabase {
         "INSERT INTO Family VALUES (1, 'Old'), (2, 'Keep'), (3, 'Old');"
         "CREATE TABLE Item (ItemID INTEGER, Description VARCHAR(50), FamilyID INTEGER);"
         "INSERT INTO Item VALUES (1, 'Conceição', 1), (2, 'Beta', 2), (3, 'Gamma', 3),"
-        " (4, 'Delta', 2), (5, 'Orphan', 9);");
+        " (4, 'Delta', 2), (5, 'Orphan', 9);"
+        // An index that covers the id: the planner reads it in key order.
+        "CREATE TABLE Zone (ZoneID INTEGER PRIMARY KEY, ZoneKey VARCHAR(10), Name TEXT);"
+        "CREATE INDEX Zone_Key ON Zone (ZoneKey);"
+        "INSERT INTO Zone VALUES (1, 'z', 'Norte'), (2, 'a', 'Sul');");
   }
 
   // Runs `sql` in a transaction that is rolled back afterwards, and gives
@@ -44,6 +48,9 @@ TEST_F(SqlDialect, ServerFormsRunOnSqlite) {
   };
   const Case cases[] = {
       {"SELECT TOP 2 ItemID FROM Item ORDER BY ItemID DESC", "", "5,4"},
+      // The first by the table's key, not by the index the planner takes.
+      {"Select TOP 1 ZoneID FROM [Zone]", "", "1"},
+      {"SELECT TOP 1 ZoneID FROM Zone WHERE ZoneID > 0", "", "1"},
       {"SELECT DISTINCT TOP (2) FamilyID FROM Item ORDER BY FamilyID;", "", "1,2"},
       {"SELECT ItemID FROM Item WHERE FamilyID IN (SELECT TOP 1 FamilyID FROM Family "
        "ORDER BY FamilyID DESC) ORDER BY ItemID",
