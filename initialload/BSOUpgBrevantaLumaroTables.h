@@ -6,7 +6,10 @@
 #include <vector>
 
 #include "connector/host/DatabaseService.h"
+#include "connector/host/DocumentService.h"
 #include "connector/host/Entities.h"
+#include "connector/host/EntityServices.h"
+#include "connector/host/StockDocument.h"
 #include "initialload/LoadShared.h"
 
 namespace lumaro {
@@ -53,9 +56,10 @@ class BSOUpgBrevantaLumaroTables {
   // The series the load's documents take: set by UpgradeTables.
   const std::string& SeriesKey() const { return series_key_; }
 
-  // The stock of the back office's articles: its opening movement and the
-  // items put in stock. Loaded once built; nothing yet.
+  // Gives every item a stock row in every warehouse of the POS.
   void insertItemsInStock();
+  // The back office's stock by lot as the lines of the opening movement,
+  // and each article's reorder levels on its stock rows.
   void Upgrade_Stock();
 
   // Fills the run dictionary with the host's tax class of each of the back
@@ -155,6 +159,62 @@ class BSOUpgBrevantaLumaroTables {
   // nothing once "Supplier|-1" is set.
   void Create_SupplierDefault();
 
+  // The units, the tracking rules and each article's lots.
+  void WriteLots(LoadStep& step, const std::string& code);
+
+  // What the load of the items uses for every item.
+  struct ItemTools {
+    std::unique_ptr<host::ItemService> items;
+    std::unique_ptr<host::ItemPropertyService> properties;
+    std::unique_ptr<host::FamilyService> families;
+    std::unique_ptr<host::TaxCalculator> taxes;
+    host::RecordsetPtr price_lines;
+  };
+  // The articles in force today, of the family limit.
+  std::string ItemQuery();
+  host::Item BuildItem(LoadStep& step, const host::Recordset& rs, const std::string& code,
+                       ItemTools& tools);
+  void AddItemPrices(LoadStep& step, const host::Recordset& article, bool per_sale_unit,
+                     host::Item& item, ItemTools& tools);
+  void AddItemSuppliers(LoadStep& step, const host::Recordset& article, host::Item& item,
+                        ItemTools& tools);
+  void AddItemBarcodes(LoadStep& step, const host::Recordset& article, host::Item& item);
+  // Writes the bytes of a picture as the file `file_name` of `folder`
+  // ("1" + the name when that is taken, and so on); the path written, or
+  // empty text when the folder is missing, the picture empty or the write
+  // failed (logged).
+  std::string SaveImageToFileFromRsField(const host::Variant& field, const std::string& folder,
+                                         const std::string& file_name);
+
+  // One quantity of the back office's stock by lot, for a movement line.
+  struct ItemStockEntry {
+    std::string ItemID;
+    double ColorID = 0;
+    double SizeID = 0;
+    std::string LotID;
+    int16_t WarehouseID = 0;
+    double Quantity = 0;
+    double EntryValue1 = 0;
+    double EntryValue2 = 0;
+  };
+  void PrepareStockTransaction();
+  void AddStockTransactionDetail(const ItemStockEntry& entry);
+
+  // The tenders, the salesmen and the documents.
+  void Upgrade_Tender();
+  // Removes the POS's documents without a key, with all their rows, in one
+  // transaction; rolled back on a failure, with no entry logged.
+  void ClearDocumentsWithoutKey();
+  // Whether the code matches one of the patterns (* and ?), any case.
+  static bool DocumentMatchesLimit(const std::vector<std::string>& patterns,
+                                   const std::string& code);
+  host::TransDocument BuildDocument(const host::Recordset& type, const std::string& code,
+                                    host::Recordset& movements, host::Recordset& properties,
+                                    host::DocumentService& documents);
+  static void SetInvoiceBehaviour(host::TransDocument& document,
+                                  const std::optional<std::string>& movement,
+                                  const std::optional<std::string>& payment);
+
   // Tells of the table a step begins.
   void Progress(const char* task) {
     if (events_) events_->ProgressGlobal(task, "");
@@ -164,6 +224,8 @@ class BSOUpgBrevantaLumaroTables {
   LoadEvents* events_ = nullptr;
   bool initialize_mode_ = false;
   std::string series_key_;
+  // The opening stock movement of a plain load.
+  std::unique_ptr<host::StockDocument> stock_document_;
 };
 
 }  // namespace lumaro

@@ -150,15 +150,19 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Payment() {
                          }
                        }
                      });
-                     SetAuditColumns(statement);
                      // No lookup first: the payment terms were cleared before the load.
                      step.Run(5, [&] { RunInsertText(statement); });
                      if (!kept.empty()) SaveInstallments(payment_id, kept);
                      step.Run(6, [&] { Keys().Add(host::Variant(payment_id), "Payment|" + code); });
                      step.Run(7, [&] { Keys().Add(host::Variant(kTheTender), "Tender|" + code); });
                    });
-  AddFirstId(step, 8, "Select TOP 1 PaymentID FROM Payment", "PaymentID", "Payment|");
-  step.Run(9, [&] { Keys().Add(host::Variant(kTheTender), "Tender|"); });
+  step.Run(8, [&] {
+    std::optional<host::Variant> first =
+        FirstValue(LoadTarget(), "Select TOP 1 PaymentID FROM Payment", "PaymentID");
+    if (!first) return;
+    Keys().Add(*first, "Payment|");
+    Keys().Add(host::Variant(kTheTender), "Tender|");
+  });
 }
 
 std::vector<BSOUpgBrevantaLumaroTables::Installment> BSOUpgBrevantaLumaroTables::ReadInstallments(

@@ -54,10 +54,10 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Customer() {
         customers = host.NewCustomerService();
         addresses = host.NewPartyAddressService();
         currencies = host.NewCurrencyService();
-        default_tender = host.NewTenderService()->GetDefaultTenderID();
       })) {
-    return;
+    return;  // no customer could be read or saved
   }
+  step.Run(32, [&] { default_tender = host.NewTenderService()->GetDefaultTenderID(); });
   std::string sql = "SELECT * FROM Clien";
   std::string where = CustomerWhere(*this);
   if (!where.empty()) sql += " WHERE " + where;
@@ -127,7 +127,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Customer() {
           OrFallback(host::CInt(host::Variant(KeyNumber("PriceLine|" + SourceTrimmed(rs, "CPre")))),
                      kFixedPriceLine));
     });
-    column([&] { customer.DirectDiscount = GetCustomerDirectDiscount(SourceTrimmed(rs, "CDsc")); });
+    column([&] { customer.DirectDiscount = GetCustomerDirectDiscount(SourceText(rs, "CDsc")); });
     column([&] { customer.SecondDiscount = SourceNumber(rs, "DscFT"); });
     column([&] {
       customer.AplyRetentionTax = rs.HasField("TemIRRet")
@@ -162,8 +162,8 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Customer() {
                         "SELECT * FROM CliMo WHERE CCli=" + host::NumberText(customer.CustomerID),
                         party);
     customer.Party = std::move(party);
-    step.Run(30, [&] { customers->Save(customer, customer.CustomerID); });
-    step.Run(31, [&] { Keys().Add(host::Variant(customer.CustomerID), "Customer|" + code); });
+    step.Run(60, [&] { customers->Save(customer, customer.CustomerID); });
+    step.Run(61, [&] { Keys().Add(host::Variant(customer.CustomerID), "Customer|" + code); });
   });
 }
 

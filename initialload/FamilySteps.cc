@@ -86,9 +86,9 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Family() {
 
   double count = 0;
   auto saved = [&](host::Family& family, int line) {
+    step.Run(line, [&] { families->Save(family, family.FamilyID); });
     ++count;
     if (events_) events_->ProgressCurrent("Family", count, max);
-    step.Run(line, [&] { families->Save(family, family.FamilyID); });
   };
 
   host::Family root;
@@ -138,10 +138,11 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Family() {
       family.MaximumDiscount = 100;
       family.FamilyPath = parent.path + "\\" + family.FamilyName;
       AddLevelRows(family);
-      self.path = family.FamilyPath;
       if (family.FamilyName.empty() || names.IsReserved(family.FamilyName)) {
         family.FamilyName += "_";
       }
+      // Its children's paths name it as it is saved.
+      self.path = parent.path + "\\" + family.FamilyName;
       self.id = family.FamilyID;
       self.name = family.FamilyName;
       step.Run(12,

@@ -54,11 +54,12 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Warehouse() {
     step.Run(8, [&] { warehouse.AddressLine2 = SourceTrimmed(rs, "Loca"); });
     step.Run(9, [&] { warehouse.PostalCode = SourceTrimmed(rs, "CodP"); });
     warehouse.CountryID = country;
-    step.Run(10, [&] {
-      if (warehouse.WarehouseID == 0) warehouse.WarehouseID = warehouses->NextID();
-      bool exists = warehouses->Exists(warehouse.WarehouseID, "");
-      warehouses->Save(warehouse, warehouse.WarehouseID, !exists);
-    });
+    if (warehouse.WarehouseID == 0) {
+      step.Run(10, [&] { warehouse.WarehouseID = warehouses->NextID(); });
+    }
+    bool exists = false;
+    step.Run(13, [&] { exists = warehouses->Exists(warehouse.WarehouseID, ""); });
+    step.Run(14, [&] { warehouses->Save(warehouse, warehouse.WarehouseID, !exists); });
     step.Run(11, [&] {
       Keys().Add(host::Variant(warehouse.WarehouseID), "Warehouse|" + SourceNumberText(rs, "CArm"));
     });
@@ -144,12 +145,12 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Supplier() {
                             "SELECT * FROM ForMo WHERE CFor=" + source.SqlFormat().Number(number),
                             party);
         supplier.Party = std::move(party);
-        step.Run(30, [&] { suppliers->Save(supplier, true); });
-        step.Run(31, [&] {
+        step.Run(60, [&] { suppliers->Save(supplier, true); });
+        step.Run(61, [&] {
           Keys().Add(host::Variant(supplier.SupplierID), "Supplier|" + host::NumberText(number));
         });
       });
-  step.Run(32, [&] {
+  step.Run(62, [&] {
     std::optional<host::Variant> first =
         FirstValue(LoadTarget(), "Select TOP 1 SupplierID FROM Supplier", "SupplierID");
     if (first) {

@@ -43,27 +43,27 @@ void AddPerson(host::Party& party, const std::string& title, const std::string& 
 }
 
 void AddRowContacts(LoadStep& step, const host::Recordset& row, host::Party& party) {
-  step.Run(20, [&] { AddPair(row, party, kTreasury, "ATTTes", "TelTes"); });
-  step.Run(21, [&] { AddPair(row, party, kCommercial, "ATTCom", "TelCom"); });
-  step.Run(22, [&] { AddPair(row, party, kManagement, "ATTGer", "Telger"); });
+  step.Run(40, [&] { AddPair(row, party, kTreasury, "ATTTes", "TelTes"); });
+  step.Run(41, [&] { AddPair(row, party, kCommercial, "ATTCom", "TelCom"); });
+  step.Run(42, [&] { AddPair(row, party, kManagement, "ATTGer", "Telger"); });
 }
 
 void AddFurtherAddresses(LoadStep& step, host::DatabaseService& source, const std::string& sql,
                          host::Party& party) {
   host::RecordsetPtr rs;
-  if (!step.Run(23, [&] { rs = source.OpenRecordset(sql); })) return;
+  if (!step.Run(43, [&] { rs = source.OpenRecordset(sql); })) return;
   for (; !rs->Eof(); rs->MoveNext()) {
     host::PartyAddress address;
     address.PartyID = party.PartyID;
     address.AddressID = static_cast<double>(party.Addresses.size() + 1);
-    step.Run(24, [&] {
+    step.Run(44, [&] {
       // The lines as they stand: only the postal code is trimmed.
       address.AddressLine1 = SourceText(*rs, "Morada");
       address.AddressLine2 = SourceText(*rs, "Local");
       address.PostalCode = SourceTrimmed(*rs, "CPostal");
       address.CountryID = GetCountryID(SourceNumber(*rs, "CPais"));
     });
-    step.Run(25, [&] {
+    step.Run(45, [&] {
       std::string telephone = SourceText(*rs, "Telef");
       std::string fax = SourceText(*rs, "Fax");
       if (telephone.empty() && fax.empty()) return;
@@ -71,7 +71,7 @@ void AddFurtherAddresses(LoadStep& step, host::DatabaseService& source, const st
       AddPerson(party, SourceText(*rs, "CMor"), address.AddressLine1, telephone);
       if (!fax.empty()) AddTelephone(party.Persons.back(), kFax, fax);
     });
-    step.Run(26, [&] { AddPair(*rs, party, kManager, "ATTGer", "Telger"); });
+    step.Run(46, [&] { AddPair(*rs, party, kManager, "ATTGer", "Telger"); });
     party.Addresses.push_back(address);
   }
   host::RecordsetTools::CloseRecordset(rs);

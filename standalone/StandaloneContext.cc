@@ -66,6 +66,9 @@ std::shared_ptr<host::SystemSettings> StandaloneContext::LoadSettings(int32_t ke
   settings->UsePropertyItems = FieldConverter::ToBoolean(rs->Fields("UsePropertyItems"));
   settings->UsePropertyTable = FieldConverter::ToBoolean(rs->Fields("UsePropertyTable"));
   settings->UseCompositeItems = FieldConverter::ToBoolean(rs->Fields("UseCompositeItems"));
+  settings->UseUnitOfMeasureItems = FieldConverter::ToBoolean(rs->Fields("UseUnitOfMeasureItems"));
+  settings->UseUnitWithFormulaItems =
+      FieldConverter::ToBoolean(rs->Fields("UseUnitWithFormulaItems"));
   for (auto special = db_.OpenRecordset("SELECT ConfSpecialID, Active FROM ConfSpecial");
        !special->Eof(); special->MoveNext()) {
     settings->SpecialConfigurations[static_cast<int32_t>(FieldConverter::ToNumber(

@@ -13,11 +13,14 @@
 
 namespace standalone {
 
-// The document types of the POS database (table Documents), read once.
+// The document types of the POS database (table Documents), read at the
+// first Item after it was made or forgotten.
 class DocumentTable : public host::DocumentCatalogue {
  public:
   explicit DocumentTable(host::DatabaseService& db) : db_(db) {}
   const host::DocumentDefinition& Item(std::string_view trans_document) override;
+  // Drops what was read (and the definitions Item gave).
+  void Forget() { documents_.reset(); }
 
  private:
   host::DatabaseService& db_;
@@ -31,6 +34,8 @@ class StandaloneWorkstation : public host::CurrentWorkstation {
   int32_t WorkstationID() const override { return id_; }
   std::string SeriesKey() const override;
   host::DocumentCatalogue& Documents() override { return documents_; }
+  // The series key is read at every call; the documents are read again.
+  void Refresh() override { documents_.Forget(); }
 
  private:
   host::DatabaseService& db_;

@@ -19,12 +19,14 @@
 #include "standalone/services/SqliteCommercialServices.h"
 #include "standalone/services/SqliteCustomerLedgerService.h"
 #include "standalone/services/SqliteCustomerService.h"
+#include "standalone/services/SqliteDocumentService.h"
 #include "standalone/services/SqliteEntityServices.h"
 #include "standalone/services/SqliteFamilyService.h"
 #include "standalone/services/SqliteItemService.h"
 #include "standalone/services/SqlitePartnerServices.h"
 #include "standalone/services/SqliteSalesmanService.h"
 #include "standalone/services/SqliteSeriesCatalogue.h"
+#include "standalone/services/SqliteStockDocument.h"
 #include "standalone/services/SqliteTaxCalculator.h"
 #include "standalone/services/SqliteWarehouseService.h"
 
@@ -227,7 +229,7 @@ std::unique_ptr<host::PaymentService> StandaloneHost::NewPaymentService() {
 }
 
 std::unique_ptr<host::TenderService> StandaloneHost::NewTenderService() {
-  return std::make_unique<SqliteTenderService>(*database_);
+  return std::make_unique<SqliteTenderService>(*database_, *context_);
 }
 
 std::unique_ptr<host::PriceLineService> StandaloneHost::NewPriceLineService() {
@@ -292,6 +294,18 @@ std::unique_ptr<host::BankService> StandaloneHost::NewBankService() {
 
 std::unique_ptr<host::CustomerLedgerService> StandaloneHost::NewCustomerLedgerService() {
   return std::make_unique<SqliteCustomerLedgerService>(*database_);
+}
+
+std::unique_ptr<host::UnitOfMeasureService> StandaloneHost::NewUnitOfMeasureService() {
+  return std::make_unique<SqliteUnitOfMeasureService>(*database_);
+}
+
+std::unique_ptr<host::DocumentService> StandaloneHost::NewDocumentService() {
+  return std::make_unique<SqliteDocumentService>(*database_, *context_);
+}
+
+std::unique_ptr<host::StockDocument> StandaloneHost::NewStockDocument() {
+  return std::make_unique<SqliteStockDocument>(*database_);
 }
 
 host::Party StandaloneHost::NewParty(int16_t kind, double id) {

@@ -65,6 +65,9 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::WarehouseService> NewWarehouseService() override;
   std::unique_ptr<host::BankService> NewBankService() override;
   std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() override;
+  std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() override;
+  std::unique_ptr<host::DocumentService> NewDocumentService() override;
+  std::unique_ptr<host::StockDocument> NewStockDocument() override;
   // PartyID: SystemManager().PartyIDBase(id, kind); PartyType: the kind.
   host::Party NewParty(int16_t kind, double id) override;
 

@@ -58,10 +58,30 @@ struct Payment {
   std::string Description;
 };
 
+// A way of paying at the till. TenderGroup, TenderKind and the four options
+// are the host's (a till of the back office is group 2, kind 4 when it
+// takes direct debits).
 struct Tender {
   double TenderID = 0;
   std::string TenderKey;
   std::string Description;
+  int16_t TenderGroup = 0;
+  int16_t TenderKind = 0;
+  bool TenderOption1 = false;
+  bool TenderOption2 = false;
+  bool TenderOption3 = false;
+  bool TenderOption4 = false;
+};
+
+// A unit of measure; UnitFormula tells how a quantity is measured
+// ("<QNT>*<MED1>"), empty for a plain unit.
+struct UnitOfMeasure {
+  std::string UnitOfMeasureID;
+  std::string Description;
+  std::string LanguageID;
+  std::string BaseUnitOfMeasureID;
+  double UnitRatio = 1;
+  std::string UnitFormula;
 };
 
 // One address of a party: PartyID and AddressID are its key.

@@ -109,6 +109,17 @@ class TenderService {
   virtual std::shared_ptr<Tender> Get(double tender_id, std::string_view tender_key) = 0;
   // The tender a customer pays with unless told otherwise.
   virtual double GetDefaultTenderID() = 0;
+  virtual bool Exists(double tender_id) = 0;
+  // Inserts the tender under its TenderID when `is_new`, else updates it.
+  virtual void Save(const Tender& tender, bool is_new) = 0;
+};
+
+class UnitOfMeasureService {
+ public:
+  virtual ~UnitOfMeasureService() = default;
+  virtual bool Exists(std::string_view unit_id) = 0;
+  // Inserts the unit, or updates the one of its id.
+  virtual void Save(const UnitOfMeasure& unit) = 0;
 };
 
 class PriceLineService {
@@ -222,6 +233,13 @@ class WarehouseService {
   // Inserts the warehouse under `warehouse_id` when `is_new`, else updates
   // it.
   virtual void Save(const Warehouse& warehouse, int16_t warehouse_id, bool is_new) = 0;
+  // The warehouse of that id; an empty reference when there is none.
+  virtual std::shared_ptr<Warehouse> Load(int16_t warehouse_id) = 0;
+  // The ids of every warehouse, in order.
+  virtual std::vector<int16_t> GetWarehouses() = 0;
+  // Gives every item that controls its stock a stock row (of no quantity)
+  // in the warehouse, where it has none.
+  virtual void InsertItemsInStock(int16_t warehouse_id) = 0;
 };
 
 // The customers' ledgers.

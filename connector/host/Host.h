@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "connector/host/DatabaseService.h"
+#include "connector/host/DocumentService.h"
 #include "connector/host/EntityServices.h"
 #include "connector/host/ExportObserver.h"
 #include "connector/host/FileTools.h"
@@ -17,6 +18,7 @@
 #include "connector/host/Security.h"
 #include "connector/host/SeriesCatalogue.h"
 #include "connector/host/SettingStore.h"
+#include "connector/host/StockDocument.h"
 #include "connector/host/SystemContext.h"
 #include "connector/host/UIManager.h"
 
@@ -114,6 +116,9 @@ class Host {
   virtual std::unique_ptr<host::WarehouseService> NewWarehouseService() = 0;
   virtual std::unique_ptr<host::BankService> NewBankService() = 0;
   virtual std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() = 0;
+  virtual std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() = 0;
+  virtual std::unique_ptr<host::DocumentService> NewDocumentService() = 0;
+  virtual std::unique_ptr<host::StockDocument> NewStockDocument() = 0;
   // A new, empty party of `kind` (1 suppliers, 3 banks: the kinds of
   // SystemManager.PartyIDBase) for the owner of id `id`.
   virtual host::Party NewParty(int16_t kind, double id) = 0;

@@ -20,6 +20,9 @@ class CurrentWorkstation {
   // The key of the document series this workstation writes.
   virtual std::string SeriesKey() const = 0;
   virtual DocumentCatalogue& Documents() = 0;
+  // Reads the workstation's defaults and documents anew, after the
+  // documents changed.
+  virtual void Refresh() {}
 };
 
 // SystemManager.Context: the host's state of this installation.

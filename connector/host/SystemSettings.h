@@ -26,6 +26,9 @@ struct SystemSettings {
   bool UsePropertyItems = false;
   bool UsePropertyTable = false;
   bool UseCompositeItems = false;
+  // Items sold in units of measure, and units measured by a formula.
+  bool UseUnitOfMeasureItems = false;
+  bool UseUnitWithFormulaItems = false;
   // The host's special configurations by their number: whether each is
   // active.
   std::map<int32_t, bool> SpecialConfigurations;

@@ -10,6 +10,7 @@ using host::Carrier;
 using host::FieldConverter;
 using host::LoadUnloadPlace;
 using host::PriceLine;
+using host::UnitOfMeasure;
 
 // The Carrier row but its id.
 const EntityColumns<Carrier> kCarrierColumns = {
@@ -29,6 +30,15 @@ const EntityColumns<PriceLine> kPriceLineColumns = {
 // The LoadUnloadPlace row but its id.
 const EntityColumns<LoadUnloadPlace> kPlaceColumns = {
     {"Description", &LoadUnloadPlace::Description},
+};
+
+// The UnitOfMeasure row but its id.
+const EntityColumns<UnitOfMeasure> kUnitColumns = {
+    {"Description", &UnitOfMeasure::Description},
+    {"LanguageID", &UnitOfMeasure::LanguageID},
+    {"BaseUnitOfMeasureID", &UnitOfMeasure::BaseUnitOfMeasureID},
+    {"UnitRatio", &UnitOfMeasure::UnitRatio},
+    {"UnitFormula", &UnitOfMeasure::UnitFormula},
 };
 
 }  // namespace
@@ -91,6 +101,25 @@ bool SqliteLoadUnloadPlaceService::Exists(double place_id) {
 void SqliteLoadUnloadPlaceService::Save(const LoadUnloadPlace& place, bool is_new) {
   SaveRow(writer_, "LoadUnloadPlace", kPlaceColumns, place, "LoadUnloadPlaceID",
           place.LoadUnloadPlaceID, is_new);
+}
+
+bool SqliteUnitOfMeasureService::Exists(std::string_view unit_id) {
+  return !db_.Query("SELECT UnitOfMeasureID FROM UnitOfMeasure WHERE UnitOfMeasureID=?",
+                    {host::SqlValue::Text(unit_id)})
+              ->Eof();
+}
+
+void SqliteUnitOfMeasureService::Save(const UnitOfMeasure& unit) {
+  host::SqlStatement row;
+  row.SetTable("UnitOfMeasure");
+  kUnitColumns.Write(unit, row);
+  if (Exists(unit.UnitOfMeasureID)) {
+    row.KeyText("UnitOfMeasureID", unit.UnitOfMeasureID);
+    writer_.Update(std::move(row));
+  } else {
+    row.Text("UnitOfMeasureID", unit.UnitOfMeasureID);
+    writer_.Insert(std::move(row));
+  }
 }
 
 }  // namespace standalone

@@ -1,9 +1,10 @@
 #ifndef LUMARO_STANDALONE_SERVICES_SQLITE_COMMERCIAL_SERVICES_H_
 #define LUMARO_STANDALONE_SERVICES_SQLITE_COMMERCIAL_SERVICES_H_
 
-// The one-table entities a load saves as they come: carriers, price lines
-// and the places of loading and unloading. Each is a row under its own id;
-// a save inserts it when told it is new, and updates it otherwise.
+// The one-table entities a load saves as they come: carriers, price lines,
+// the places of loading and unloading, and the units of measure. Each is a
+// row under its own id; a save inserts it when told it is new (a unit: when
+// its id has no row), and updates it otherwise.
 
 #include <string>
 #include <unordered_map>
@@ -51,6 +52,18 @@ class SqliteLoadUnloadPlaceService : public host::LoadUnloadPlaceService {
   explicit SqliteLoadUnloadPlaceService(host::DatabaseService& db) : db_(db), writer_(db) {}
   bool Exists(double place_id) override;
   void Save(const host::LoadUnloadPlace& place, bool is_new) override;
+
+ private:
+  host::DatabaseService& db_;
+  EntityWriter writer_;
+};
+
+// Units of measure: the table UnitOfMeasure, by UnitOfMeasureID.
+class SqliteUnitOfMeasureService : public host::UnitOfMeasureService {
+ public:
+  explicit SqliteUnitOfMeasureService(host::DatabaseService& db) : db_(db), writer_(db) {}
+  bool Exists(std::string_view unit_id) override;
+  void Save(const host::UnitOfMeasure& unit) override;
 
  private:
   host::DatabaseService& db_;

@@ -1,12 +1,21 @@
 #include "standalone/services/SqliteEntityServices.h"
 
 #include "connector/host/FieldConverter.h"
-#include "standalone/services/EntityRows.h"
+#include "standalone/services/EntityColumns.h"
 
 namespace standalone {
 namespace {
 
 using host::FieldConverter;
+using host::Tender;
+
+// The Tender row but its id.
+const EntityColumns<Tender> kTenderColumns = {
+    {"TenderKey", &Tender::TenderKey},         {"Description", &Tender::Description},
+    {"TenderGroup", &Tender::TenderGroup},     {"TenderKind", &Tender::TenderKind},
+    {"TenderOption1", &Tender::TenderOption1}, {"TenderOption2", &Tender::TenderOption2},
+    {"TenderOption3", &Tender::TenderOption3}, {"TenderOption4", &Tender::TenderOption4},
+};
 
 // The row of `table` whose `column` is `value`; nullptr when there is none.
 host::RecordsetPtr RowWhere(host::DatabaseService& db, std::string_view table,
@@ -61,14 +70,34 @@ std::shared_ptr<host::Tender> SqliteTenderService::Get(double tender_id,
                                                        std::string_view tender_key) {
   auto rs = RowByIdOrKey(db_, "Tender", "TenderID", tender_id, "TenderKey", tender_key);
   if (!rs) return nullptr;
-  auto tender = std::make_shared<host::Tender>();
+  auto tender = std::make_shared<Tender>();
   tender->TenderID = FieldConverter::ToNumber(rs->Fields("TenderID"));
-  tender->TenderKey = FieldConverter::ToText(rs->Fields("TenderKey"));
-  tender->Description = FieldConverter::ToText(rs->Fields("Description"));
+  kTenderColumns.Read(*rs, *tender);
   return tender;
 }
 
 double SqliteTenderService::GetDefaultTenderID() { return FirstId(db_, "Tender", "TenderID"); }
+
+bool SqliteTenderService::Exists(double tender_id) {
+  return RowExists(db_, "Tender", "TenderID", tender_id);
+}
+
+void SqliteTenderService::Save(const Tender& tender, bool is_new) {
+  const std::string language = context_.Settings()->LanguageID;
+  writer_.Atomically([&] {
+    SaveRow(writer_, "Tender", kTenderColumns, tender, "TenderID", tender.TenderID, is_new);
+    host::SqlStatement name;
+    name.SetTable("TenderNames");
+    name.KeyNumber("TenderID", tender.TenderID);
+    name.KeyText("LanguageID", language);
+    writer_.Delete(name);
+    name.ClearColumns();
+    name.Number("TenderID", tender.TenderID);
+    name.Text("LanguageID", language);
+    name.Text("Description", tender.Description);
+    writer_.Insert(std::move(name));
+  });
+}
 
 double SqliteCustomerZoneService::GetIDFromKey(std::string_view zone_key) {
   return IdFromKey(db_, "Zone", "ZoneID", "ZoneKey", zone_key);

@@ -11,6 +11,8 @@
 #include "connector/host/DatabaseService.h"
 #include "connector/host/EntityServices.h"
 #include "connector/host/SaleDocumentReader.h"
+#include "connector/host/SystemContext.h"
+#include "standalone/services/EntityRows.h"
 
 namespace standalone {
 
@@ -34,15 +36,25 @@ class SqlitePaymentService : public host::PaymentService {
   host::DatabaseService& db_;
 };
 
+// Tenders: the table Tender, with the tender's name in the host's language
+// (that of the context's settings) in TenderNames.
 class SqliteTenderService : public host::TenderService {
  public:
-  explicit SqliteTenderService(host::DatabaseService& db) : db_(db) {}
+  SqliteTenderService(host::DatabaseService& db, host::SystemContext& context)
+      : db_(db), context_(context), writer_(db) {}
   std::shared_ptr<host::Tender> Get(double tender_id, std::string_view tender_key) override;
   // The first tender by id (cash, in a new POS).
   double GetDefaultTenderID() override;
+  bool Exists(double tender_id) override;
+  // The Tender row, and its name in the host's language, which takes the
+  // place of the one there (a tender saved as not new but without a name
+  // gets one); the names in other languages stay.
+  void Save(const host::Tender& tender, bool is_new) override;
 
  private:
   host::DatabaseService& db_;
+  host::SystemContext& context_;
+  EntityWriter writer_;
 };
 
 class SqliteCustomerZoneService : public host::CustomerZoneService {

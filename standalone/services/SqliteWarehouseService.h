@@ -18,6 +18,11 @@ class SqliteWarehouseService : public host::WarehouseService {
   bool Exists(int16_t warehouse_id, std::string_view warehouse_key) override;
   // Under `warehouse_id`; the warehouse's own WarehouseID is not read.
   void Save(const host::Warehouse& warehouse, int16_t warehouse_id, bool is_new) override;
+  std::shared_ptr<host::Warehouse> Load(int16_t warehouse_id) override;
+  std::vector<int16_t> GetWarehouses() override;
+  // The row of no colour, size or lot (ColorID 0, SizeID 0, LotID ''), in
+  // one statement; nothing for a warehouse that does not exist.
+  void InsertItemsInStock(int16_t warehouse_id) override;
 
  private:
   host::DatabaseService& db_;

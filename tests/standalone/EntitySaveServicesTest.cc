@@ -1,5 +1,6 @@
 // The services that save one row per entity: carriers, price lines,
-// warehouses, and the lines of the customers' ledgers.
+// warehouses, tenders (with their names), units of measure, and the lines
+// of the customers' ledgers.
 
 #include <gtest/gtest.h>
 
@@ -98,6 +99,66 @@ TEST_F(EntitySaves, AWarehouseExistsByIdOrByKeyWhenTheIdIsZero) {
   EXPECT_EQ(warehouses->NextID(), 1);
   host_.Exec("INSERT INTO Warehouse (WarehouseID) VALUES (32767)");
   EXPECT_EQ(RaisedNumber([&] { warehouses->NextID(); }), host::err::kOverflow);
+}
+
+TEST_F(EntitySaves, ATenderIsSavedWithItsNameInTheHostsLanguage) {
+  auto tenders = host_.Host().NewTenderService();
+  host::Tender tender;
+  tender.TenderID = 20;
+  tender.TenderKey = "DD";
+  tender.Description = "Débito direto";
+  tender.TenderGroup = 2;
+  tender.TenderKind = 4;
+  tender.TenderOption2 = true;
+  tender.TenderOption4 = true;
+  EXPECT_FALSE(tenders->Exists(20));
+  tenders->Save(tender, true);
+  EXPECT_TRUE(tenders->Exists(20));
+  tender.Description = "Débito em conta";
+  tenders->Save(tender, false);
+
+  std::shared_ptr<host::Tender> read = tenders->Get(0, "DD");
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->TenderID, 20);
+  EXPECT_EQ(read->Description, "Débito em conta");
+  EXPECT_EQ(read->TenderGroup, 2);
+  EXPECT_EQ(read->TenderKind, 4);
+  EXPECT_FALSE(read->TenderOption1);
+  EXPECT_TRUE(read->TenderOption2);
+  EXPECT_FALSE(read->TenderOption3);
+  EXPECT_TRUE(read->TenderOption4);
+
+  // The factory's cash, named in another language: its Portuguese name stays.
+  host_.Host().Context().Settings()->LanguageID = "EN";
+  tender = *tenders->Get(1, "");
+  tender.Description = "Cash";
+  tenders->Save(tender, false);
+  EXPECT_EQ(host_.Rows("SELECT TenderID || ':' || LanguageID || ':' || Description FROM "
+                       "TenderNames ORDER BY TenderID, LanguageID"),
+            "1:EN:Cash,1:PT:Numerário,10:PT:Conta Corrente,20:PT:Débito em conta");
+  EXPECT_EQ(host_.Scalar("SELECT TenderGroup || TenderOption1 FROM Tender WHERE TenderID = 1"),
+            "11")
+      << "the rest of the row as read";
+}
+
+TEST_F(EntitySaves, AUnitIsInsertedOrUpdatedByItsId) {
+  auto units = host_.Host().NewUnitOfMeasureService();
+  host::UnitOfMeasure unit;
+  unit.UnitOfMeasureID = "M2";
+  unit.Description = "Metro quadrado";
+  unit.LanguageID = "PT";
+  unit.BaseUnitOfMeasureID = "UN";
+  unit.UnitFormula = "<QNT>*<MED1>*<MED2>";
+  EXPECT_FALSE(units->Exists("M2"));
+  units->Save(unit);
+  EXPECT_TRUE(units->Exists("M2"));
+  unit.UnitRatio = 2.5;
+  unit.Description = "Metro²";
+  units->Save(unit);
+  EXPECT_EQ(host_.Rows("SELECT UnitOfMeasureID || ':' || Description || ':' || "
+                       "BaseUnitOfMeasureID || ':' || UnitRatio || ':' || UnitFormula FROM "
+                       "UnitOfMeasure ORDER BY 1"),
+            "M2:Metro²:UN:2.5:<QNT>*<MED1>*<MED2>,UN:Unidade:UN:1.0:");
 }
 
 class CustomerLedger : public ::testing::Test {

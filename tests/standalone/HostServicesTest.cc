@@ -113,6 +113,13 @@ TEST_F(HostContext, DefaultsThenSetValuesReadBackAndApply) {
   EXPECT_EQ(host::CDbl(host::Variant("1 234.5")), 1234.5);
 }
 
+TEST_F(HostContext, SettingsTellWhetherItemsUseUnitsAndFormulas) {
+  test_host_.Exec("UPDATE ConfSystem SET UseUnitOfMeasureItems = 0, UseUnitWithFormulaItems = 1");
+  std::shared_ptr<host::SystemSettings> settings = test_host_.Host().Context().LoadSettings(1);
+  EXPECT_FALSE(settings->UseUnitOfMeasureItems);
+  EXPECT_TRUE(settings->UseUnitWithFormulaItems);
+}
+
 TEST_F(HostContext, BadKeysAndValuesAreRefusedAndStoreNothing) {
   // "." and "," are the other separator.
   const char* const cases[][2] = {{"Nope", "1"},
