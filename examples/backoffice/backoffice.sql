@@ -528,6 +528,55 @@ INSERT INTO Artig VALUES ('ENTREGA', 'S', 'Entrega ao domicílio', 'Entrega ao d
 INSERT INTO Artig VALUES ('TAXA', 's', 'Taxa de embalagem', 'Taxa de embalagem para oferta', 'UN', 'UN', 1, 0, '2',
   '0301', '03', '0301', '', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
 
+-- More articles, for the units, the rules of lots and the items' fields:
+-- oil sold by a unit whose code is padded to four characters (so no unit
+-- is made for it), tracked by lot but with no lot anywhere, whose family is
+-- the level-1 one; wrapping paper measured in square metres (NMED 1, whose
+-- unit is never made) with a tax type the company does not have; honey
+-- whose code ends in a blank, with a picture that is no bitmap and a main
+-- barcode; a wrapping service in lower case ("s") with a known and an
+-- unknown supplier; a box of six wines whose UPUV reads "S" (a factor that
+-- is no number); a kit without components; a kit of wines whose family
+-- has no level 3 (left out at that level); eggs sold by the dozen, a code
+-- of three characters with its blank; an apron tracked by colour and size
+-- (TemLot 3), a kitchen scale with serial numbers at the sale (5, one of
+-- them without a code) and a cheese of TemLot 6 (no rule), with a Sigla
+-- longer than 50 characters. Articles never loaded, one for each way of
+-- failing the validity: from tomorrow (1, its sale unit FT made all the
+-- same), a period that ended (2: the jam, a component of the breakfast
+-- basket, with a lot), a date already past (4) and a period we are in (5).
+INSERT INTO Artig VALUES ('AZEITE', 'A', 'Azeite virgem extra 1 l', 'Azeite virgem extra, garrafa de 1 l', 'UN', 'LT  ', 1, 0, '1',
+  '01', '01', '0101', '0101001', '', 1, 1, 1, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('PAPEL', 'A', 'Papel de embrulho', 'Papel de embrulho kraft, ao metro quadrado', 'M2', 'M2', 4, 1, '9',
+  '0301001', '03', '0301', '0301001', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('MEL ', 'A', ' Mel de rosmaninho 500 g ', '  Mel de rosmaninho do Alentejo, frasco de 500 g  ', 'UN', 'UN', 1, 0, '1',
+  '0101001', '01', '0101', '0101001', '', 0, 0, 0, X'FFD8FFE000104A464946', 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('EMBRULHO', 's', 'Embrulho para oferta', 'Serviço de embrulho para oferta', 'UN', 'UN', 1, 0, '2',
+  '0301001', '03', '0301', '0301001', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('CAIXAVINHO', 'A', 'Caixa de 6 vinhos Douro', 'Caixa de seis garrafas de vinho tinto DOC Douro', 'UN', 'CX', 'S', 0, '2',
+  '0201001', '02', '0201', '0201001', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, 'VIN');
+INSERT INTO Artig VALUES ('CABAZNATAL', 'G', 'Cabaz de Natal', 'Cabaz de Natal, composição a definir', 'UN', 'UN', 1, 0, '2',
+  '0102002', '01', '0102', '0102002', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('CABAZVINHO', 'G', 'Cabaz de vinhos', 'Cabaz de três garrafas de vinho do Douro', 'UN', 'UN', 1, 0, '2',
+  '0201', '02', '0201', '', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('OVOS', 'A', 'Ovos de galinhas criadas ao ar livre', 'Ovos classe M, de galinhas criadas ao ar livre', 'UN', 'DZ ', 12, 0, '1',
+  '0101001', '01', '0101', '0101001', '', 0, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('AVENTAL', 'A', 'Avental de cozinha', 'Avental de cozinha em algodão, várias cores e tamanhos', 'UN', 'UN', 1, 0, '2',
+  '0102002', '01', '0102', '0102002', '', 3, 0, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('BALANCA', 'A', 'Balança de cozinha digital', 'Balança de cozinha digital até 5 kg', 'UN', 'UN', 1, 0, '2',
+  '0102001', '01', '0102', '0102001', '', 5, 1, 0, NULL, 0, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('QUEIJO', 'A', 'Queijo Serra da Estrela DOP amanteigado, à peça de cerca de 1 kg',
+  'Queijo Serra da Estrela DOP amanteigado, vendido à peça de cerca de 1 kg, ao peso', 'KG', 'KG', 1, 0, '1',
+  '0101001', '01', '0101', '0101001', '', 6, 0, 0, NULL, 1, 0, NULL, NULL, '');
+INSERT INTO Artig VALUES ('ROSCA', 'F', 'Rosca de Natal', 'Rosca de Natal, à fatia', 'UN', 'FT', 1, 0, '2',
+  '0101002', '01', '0101', '0101002', '', 0, 0, 0, NULL, 0, 1, '2026-11-24 00:00:00', NULL, '');
+INSERT INTO Artig VALUES ('COMPOTA', 'A', 'Compota de abóbora', 'Compota de abóbora, frasco de 250 g', 'UN', 'UN', 1, 0, '1',
+  '0101001', '01', '0101', '0101001', '', 1, 1, 0, NULL, 0, 2, '2026-01-01 00:00:00', '2026-10-31 00:00:00', '');
+INSERT INTO Artig VALUES ('FOLAR', 'F', 'Folar da Páscoa', 'Folar da Páscoa, só antes da Páscoa', 'UN', 'UN', 1, 0, '2',
+  '0101002', '01', '0101', '0101002', '', 0, 0, 0, NULL, 0, 4, '2026-04-01 00:00:00', NULL, '');
+INSERT INTO Artig VALUES ('GRELHADOR', 'A', 'Grelhador elétrico', 'Grelhador elétrico, fora da época de natal', 'UN', 'UN', 1, 0, '2',
+  '0102001', '01', '0102', '0102001', '', 0, 0, 0, NULL, 0, 5, '2026-11-01 00:00:00', '2026-12-31 00:00:00', '');
+
 -- Prices on the price lines: with and without tax included, one without a
 -- date, and one on a line that does not exist (9), which writes nothing.
 CREATE TABLE ArPre (
@@ -555,6 +604,21 @@ INSERT INTO ArPre VALUES ('VINHO19', 1, '2024-01-01 00:00:00', 6.5);
 INSERT INTO ArPre VALUES ('ENTREGA', 1, '2026-01-01 00:00:00', 5);
 INSERT INTO ArPre VALUES ('TAXA', 1, '2026-01-01 00:00:00', 1);
 
+-- Prices of the further articles: the box whose UPUV reads "S" has its
+-- prices multiplied by a factor of 0; the honey's rows name its code with
+-- the blank it ends in.
+INSERT INTO ArPre VALUES ('AZEITE', 1, '2026-11-20 00:00:00', 8.49);
+INSERT INTO ArPre VALUES ('AZEITE', 2, '2026-11-20 00:00:00', 6.5);
+INSERT INTO ArPre VALUES ('PAPEL', 1, '2026-11-01 00:00:00', 2.5);
+INSERT INTO ArPre VALUES ('PAPEL', 2, '2026-11-01 00:00:00', 2);
+INSERT INTO ArPre VALUES ('MEL ', 1, '2026-10-10 00:00:00', 4.75);
+INSERT INTO ArPre VALUES ('EMBRULHO', 1, '2026-01-01 00:00:00', 2);
+INSERT INTO ArPre VALUES ('CAIXAVINHO', 1, '2026-11-01 00:00:00', 45);
+INSERT INTO ArPre VALUES ('CAIXAVINHO', 2, '2026-11-01 00:00:00', 30);
+INSERT INTO ArPre VALUES ('OVOS', 1, '2026-11-01 00:00:00', 2.4);
+INSERT INTO ArPre VALUES ('QUEIJO', 1, '2026-11-01 00:00:00', 18.9);
+INSERT INTO ArPre VALUES ('ROSCA', 1, '2026-11-01 00:00:00', 1.5);
+
 -- Suppliers of articles: the coffee has two (the first row read is its
 -- main one), one of them without the date of its last cost; articles
 -- without a row take the default supplier.
@@ -576,6 +640,12 @@ INSERT INTO ArFor VALUES ('MOINHO', 2, 'TL-MOINHO', 41, 0, 0, 0, '2025-01-10 00:
 INSERT INTO ArFor VALUES ('VINHO', 3, 'BD-D75', 3.1, 2, 1, 0.5, '2026-09-30 00:00:00');
 INSERT INTO ArFor VALUES ('VINHORES', 3, 'BD-D75R', 6.2, 0, 0, 0, '2026-09-30 00:00:00');
 
+-- A supplier the back office does not have (99): the king cake's only row,
+-- so it takes the default supplier; the wrapping service's second row.
+INSERT INTO ArFor VALUES ('BOLOREI', 99, 'FB-BOLO', 6, 0, 0, 0, '2026-11-01 00:00:00');
+INSERT INTO ArFor VALUES ('EMBRULHO', 4, ' EV-EMB ', 0.8, 0, 0, 0, '2026-11-02 00:00:00');
+INSERT INTO ArFor VALUES ('EMBRULHO', 99, 'XX-EMB', 0.7, 0, 0, 0, '2026-11-02 00:00:00');
+
 -- Barcodes: the first marked for labels (EEtiq) is an article's main one;
 -- a second one so marked and those not marked are further barcodes; the
 -- kit has one, not marked, and so no main barcode.
@@ -591,6 +661,7 @@ INSERT INTO ArBar VALUES ('VINHO', '5601234000035', 1);
 INSERT INTO ArBar VALUES ('VINHO', '5601234000042', 1);
 INSERT INTO ArBar VALUES ('VINHO', '15601234000032', 0);
 INSERT INTO ArBar VALUES ('CABAZ', '2000002', 0);
+INSERT INTO ArBar VALUES ('MEL ', '5601234000059', 1);
 
 -- Lots of the lot table (articles with TemLotTab): the coffee's lots, one
 -- without a production date, and the grinder's serial numbers.
@@ -604,6 +675,13 @@ INSERT INTO ArLot VALUES ('CAFE', 'C2610', '2026-10-05 00:00:00', '2027-10-05 00
 INSERT INTO ArLot VALUES ('CAFE', 'C2611', NULL, '2027-11-10 00:00:00');
 INSERT INTO ArLot VALUES ('MOINHO', 'SN-0001', NULL, NULL);
 INSERT INTO ArLot VALUES ('MOINHO', 'SN-0002', NULL, NULL);
+
+-- The kitchen scale's serial numbers, one without a code (kept: only the
+-- stock by lot leaves an empty lot out), and the lot of the jam, an article
+-- that is never loaded as an item.
+INSERT INTO ArLot VALUES ('BALANCA', 'BL-001', NULL, '2028-12-31 00:00:00');
+INSERT INTO ArLot VALUES ('BALANCA', '', NULL, NULL);
+INSERT INTO ArLot VALUES ('COMPOTA', 'CP2610', '2026-10-01 00:00:00', '2027-10-01 00:00:00');
 
 -- Stock by lot and warehouse; warehouse 0 holds an article's totals. The
 -- wine's lots (TemLotTab false) come from its totals, an empty lot left
@@ -636,6 +714,15 @@ INSERT INTO ArLoA VALUES ('VINHO', 'V2023', 0, 12);
 INSERT INTO ArLoA VALUES ('VINHO', 'V2023', 20000, 12);
 INSERT INTO ArLoA VALUES ('VINHO', '', 0, 0);
 
+-- The apron's colours and sizes and the cheese's lot (TemLotTab false):
+-- their totals in warehouse 0 are their lots.
+INSERT INTO ArLoA VALUES ('AVENTAL', 'AZUL-M', 0, 5);
+INSERT INTO ArLoA VALUES ('AVENTAL', 'AZUL-M', 10001, 5);
+INSERT INTO ArLoA VALUES ('AVENTAL', 'VERDE-L', 0, 2);
+INSERT INTO ArLoA VALUES ('AVENTAL', 'VERDE-L', 10000, 2);
+INSERT INTO ArLoA VALUES ('QUEIJO', 'Q2611', 0, 4.5);
+INSERT INTO ArLoA VALUES ('QUEIJO', 'Q2611', 10000, 4.5);
+
 -- Reorder levels by profile (Artig.CRup) and warehouse: the minimum is the
 -- level the load writes; the closed warehouse's row writes nothing.
 CREATE TABLE ArRup (
@@ -656,6 +743,12 @@ INSERT INTO ArRup VALUES ('VIN', 20000, 6, 12, 24);
 -- that an article "F" receives only in a plain run.
 INSERT INTO ArAgr VALUES ('BOLOREI', 'FARINHA', 0.4);
 
+-- The breakfast basket also holds the jam, which is never loaded; the kit
+-- of wines is left out with its family at level 3.
+INSERT INTO ArAgr VALUES ('CABAZ', 'COMPOTA', 1);
+INSERT INTO ArAgr VALUES ('CABAZVINHO', 'VINHO', 2);
+INSERT INTO ArAgr VALUES ('CABAZVINHO', 'VINHORES', 1);
+
 -- Equivalents: the wine's group (its main article among its rows, and an
 -- article that is never loaded, which leaves a gap in the order), and a
 -- group with EGrp set, which is not read.
@@ -669,6 +762,9 @@ INSERT INTO ArEqu VALUES ('VINHO', 'VINHO19', 0);
 INSERT INTO ArEqu VALUES ('VINHO', 'VINHORES', 0);
 INSERT INTO ArEqu VALUES ('PAO', 'PAO', 1);
 INSERT INTO ArEqu VALUES ('PAO', 'BOLOREI', 1);
+-- A group whose main article is never loaded.
+INSERT INTO ArEqu VALUES ('VINHO19', 'VINHO', 0);
+INSERT INTO ArEqu VALUES ('VINHO19', 'VINHORES', 0);
 
 -- Document types: sales ("FAC") of each movement (invoice, paid at once,
 -- credit note, return, order, none given) and receipts and payments
@@ -691,6 +787,16 @@ INSERT INTO Tlanc VALUES ('TFAC', 'FAC', 'Fatura (antiga)', 'FTA');
 INSERT INTO Tlanc VALUES ('FAC', 'FAC', 'Fatura de fornecedor', 'FF');
 INSERT INTO Tlanc VALUES ('TST', 'STK', 'Transferência de stock', 'TS');
 
+-- Further sales and a receipt: a credit by movement "N" not paid at once,
+-- a quotation of a movement the load does not name, a return paid at
+-- once, an order with a deposit paid at once, and a cash transfer without
+-- E_S.
+INSERT INTO Tlanc VALUES ('TCN', 'FAC', 'Crédito por acerto', 'CA');
+INSERT INTO Tlanc VALUES ('TOR', 'FAC', 'Orçamento', 'ORC');
+INSERT INTO Tlanc VALUES ('TDP', 'FAC', 'Devolução com reembolso', 'DR');
+INSERT INTO Tlanc VALUES ('TES', 'FAC', 'Encomenda com sinal', 'ES');
+INSERT INTO Tlanc VALUES ('TTR', 'TER', 'Transferência de caixa', 'TR');
+
 -- Properties of the document types: the movement (TMov) and payment at
 -- once (PPag) of sales, and entry or exit (E_S) of receipts and payments.
 CREATE TABLE TLPro (
@@ -710,8 +816,15 @@ INSERT INTO TLPro VALUES ('TEC', 'FAC', 'TMov', 'P');
 INSERT INTO TLPro VALUES ('TRE', 'TER', 'E_S', 'E');
 INSERT INTO TLPro VALUES ('TPG', 'TER', 'E_S', 'S');
 INSERT INTO TLPro VALUES ('TFAC', 'FAC', 'TMov', 'F');
+INSERT INTO TLPro VALUES ('TCN', 'FAC', 'TMov', 'N');
+INSERT INTO TLPro VALUES ('TCN', 'FAC', 'PPag', 'N');
+INSERT INTO TLPro VALUES ('TOR', 'FAC', 'TMov', 'O');
+INSERT INTO TLPro VALUES ('TDP', 'FAC', 'TMov', 'D');
+INSERT INTO TLPro VALUES ('TDP', 'FAC', 'PPag', 'S');
+INSERT INTO TLPro VALUES ('TES', 'FAC', 'TMov', 'P');
+INSERT INTO TLPro VALUES ('TES', 'FAC', 'PPag', 'S');
 
--- Tills: the hundreds of a code are the till's number (tills 1, 2 and 3);
+-- Tills: the hundreds of a code are the till's number (tills 1 to 4);
 -- of till 3, one that pays out (UsaDA) and one (309) that falls on the
 -- tender 10 the POS keeps.
 CREATE TABLE Caixa (
@@ -723,6 +836,13 @@ INSERT INTO Caixa VALUES (200, 0, 'Caixa 2 - Numerário');
 INSERT INTO Caixa VALUES (300, 0, 'Numerário');
 INSERT INTO Caixa VALUES (301, 1, 'Multibanco');
 INSERT INTO Caixa VALUES (309, 0, 'Cheque');
+
+-- More tills: of till 3, a card (303, tender 4) and vouchers at the end of
+-- its range (399); on either side of it, 299 and 400.
+INSERT INTO Caixa VALUES (303, 1, 'Cartão de crédito');
+INSERT INTO Caixa VALUES (399, 0, 'Vales de oferta');
+INSERT INTO Caixa VALUES (299, 0, 'Caixa 2 - Cheques');
+INSERT INTO Caixa VALUES (400, 1, 'Caixa 4 - Multibanco');
 
 -- Workstations and their series, by delegation: in delegation 1,
 -- workstation 02 writes series A, an unsigned external series (Origem 3)

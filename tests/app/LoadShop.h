@@ -78,6 +78,8 @@ class Shop {
     auto rs = db->OpenRecordset(sql);
     return rs->Eof() ? -1 : host::FieldConverter::ToNumber(rs->Fields(0));
   }
+  // A path in the shop's folder, which is the POS's work folder.
+  std::string File(const std::string& name) const { return folder_.File(name); }
   std::string Database() const { return folder_.File("vendara.db"); }
   std::string LogFile() const { return folder_.File("Migration.log"); }
   std::vector<std::string> LogEntries() const {

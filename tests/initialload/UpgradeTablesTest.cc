@@ -55,3 +55,37 @@ TEST_F(UpgradeTables, APlainLoadBringsCreditAmountsBalancesAndKeepsTheWarehouses
 }
 
 }  // namespace
+
+namespace {
+
+// The stock of a plain load: one opening movement of the stock by lot in
+// the warehouses the load brought, and the reorder levels written on the
+// stock rows already there (a level never makes a row).
+TEST_F(UpgradeTables, APlainLoadOpensTheStockInOneMovement) {
+  pos_.Exec("INSERT INTO Stock (ItemID, WarehouseID) VALUES ('PAO', 10000), ('CAFE', 10001)");
+  Load()->UpgradeTables();
+  // The first line, of the first article in the table's key order, is
+  // AVENTAL's lot AZUL-M in 10001: the movement's warehouse.
+  EXPECT_EQ(pos_.Rows("SELECT TransSerial || '/' || TransDocument || '/' || TransDocNumber || "
+                      "'/' || FromWarehouseID || '/' || ToWarehouseID FROM StockTransaction"),
+            "A/ES/1/10001/10001");
+  // Warehouse 0 and the warehouse not loaded (10002) bring nothing, nor a
+  // nil quantity; a negative one does.
+  EXPECT_EQ(pos_.Rows("SELECT ItemID || '/' || WarehouseID || '/' || Quantity || '/' || "
+                      "FromWarehouseID FROM StockTransactionDetails ORDER BY ItemID, WarehouseID"),
+            "AVENTAL/10000/2.0/10000,AVENTAL/10001/5.0/10001,CAFE/10000/3.0/10000,"
+            "CAFE/10001/5.0/10001,FARINHA/10000/-2.5/10000,MOINHO/10001/1.0/10001,"
+            "PAO/10000/40.0/10000,PAO/10001/15.0/10001,QUEIJO/10000/4.5/10000,"
+            "VINHO/10000/18.0/10000,VINHO/10001/6.0/10001,VINHO/20000/12.0/20000");
+  // Both levels take StMi; CAFE has none in 10001; VINHO's row in 20000 is
+  // the movement's, made after the levels were written.
+  EXPECT_EQ(pos_.Rows("SELECT ItemID || '/' || WarehouseID || '/' || ReorderPoint || '/' || "
+                      "RestockLevel || '/' || PhysicalQty FROM Stock WHERE ItemID IN ('PAO', "
+                      "'CAFE', 'VINHO') AND WarehouseID IN (10000, 10001, 20000) ORDER BY ItemID, "
+                      "WarehouseID"),
+            "CAFE/10000/0.0/0.0/3.0,CAFE/10001/0.0/0.0/5.0,PAO/10000/20.0/20.0/40.0,"
+            "PAO/10001/0.0/0.0/15.0,VINHO/10000/0.0/0.0/18.0,VINHO/10001/0.0/0.0/6.0,"
+            "VINHO/20000/0.0/0.0/12.0");
+}
+
+}  // namespace
