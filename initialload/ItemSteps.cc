@@ -181,7 +181,7 @@ host::Item BSOUpgBrevantaLumaroTables::BuildItem(LoadStep& step, const host::Rec
   step.Run(23, [&] { item.PriceLines(*tools.price_lines); });
 
   bool per_sale_unit = false;
-  step.Run(24, [&] { per_sale_unit = SourceText(rs, "UPUV") == "S"; });
+  step.Run(24, [&] { per_sale_unit = Is(SourceText(rs, "UPUV"), "S"); });
   auto add_tax = [&](double price) {
     return tools.taxes->AddTax(price, item.TaxableGroupID, TaxContext());
   };
@@ -194,26 +194,32 @@ host::Item BSOUpgBrevantaLumaroTables::BuildItem(LoadStep& step, const host::Rec
     }
   });
   AddItemPrices(step, rs, per_sale_unit, item, tools);
-  step.Run(26, [&] {
-    if (item.HasProperties()) {
-      std::shared_ptr<host::ItemProperty> property =
-          tools.properties->Load(item.PropertyID1, item.PropertyID2, item.PropertyID3);
-      if (!property) host::Raise(host::err::kObjectNotSet, "Upgrade_Item");
-      item.PropertyRule2 = property->PropertyRule2();
-      item.PropertyRule1 = property->PropertyRule1();
-      item.PropertyRule3 = property->PropertyRule3();
-      item.PropertyRule5 = property->PropertyRule5();
-      item.PropertyRule4 = property->PropertyRule4();
-      item.PropertyRule6 = property->PropertyRule6();
-    } else {
-      item.PropertyRule2 = 2;
-      item.PropertyRule1 = -1;
-      item.PropertyRule3 = false;
-      item.PropertyRule5 = 0;
-      item.PropertyRule4 = 0;
-      item.PropertyTable.clear();
-    }
-  });
+  if (item.HasProperties()) {
+    std::shared_ptr<host::ItemProperty> property;
+    step.Run(26, [&] {
+      property = tools.properties->Load(item.PropertyID1, item.PropertyID2, item.PropertyID3);
+    });
+    // Each rule is copied by itself: without the record, each fails.
+    auto copy = [&](int line, const std::function<void(const host::ItemProperty&)>& rule) {
+      step.Run(line, [&] {
+        if (!property) host::Raise(host::err::kObjectNotSet, "Upgrade_Item");
+        rule(*property);
+      });
+    };
+    copy(27, [&](const host::ItemProperty& p) { item.PropertyRule2 = p.PropertyRule2(); });
+    copy(28, [&](const host::ItemProperty& p) { item.PropertyRule1 = p.PropertyRule1(); });
+    copy(29, [&](const host::ItemProperty& p) { item.PropertyRule3 = p.PropertyRule3(); });
+    copy(32, [&](const host::ItemProperty& p) { item.PropertyRule5 = p.PropertyRule5(); });
+    copy(33, [&](const host::ItemProperty& p) { item.PropertyRule4 = p.PropertyRule4(); });
+    copy(34, [&](const host::ItemProperty& p) { item.PropertyRule6 = p.PropertyRule6(); });
+  } else {
+    item.PropertyRule2 = 2;
+    item.PropertyRule1 = -1;
+    item.PropertyRule3 = false;
+    item.PropertyRule5 = 0;
+    item.PropertyRule4 = 0;
+    item.PropertyTable.clear();
+  }
   AddItemSuppliers(step, rs, item, tools);
   AddItemBarcodes(step, rs, item);
   return item;

@@ -83,6 +83,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_ItemAlternative() {
     return;
   }
   double total = groups->Eof() ? 0 : groups->RecordCount();
+  std::shared_ptr<host::Item> item;  // in hand until the next is loaded
   for (; total > 0 && !groups->Eof(); groups->MoveNext()) {
     // The group's code is that of its main article.
     std::string main_id;
@@ -98,13 +99,14 @@ void BSOUpgBrevantaLumaroTables::Upgrade_ItemAlternative() {
                                   source.SqlFormat().QuoteText(SourceText(*groups, "CGrp")) + "'");
     });
     if (!rows || rows->Eof()) continue;
-    std::shared_ptr<host::Item> item;
+    // A failed Get leaves the last item in hand, as it always did.
     step.Run(4, [&] {
-      item = items->Get(main_id);
-      if (!item) host::Raise(host::err::kObjectNotSet, "Upgrade_ItemAlternative");
-      item->Alternatives = host::ItemAlternatives();  // what it held is replaced
+      std::shared_ptr<host::Item> loaded = items->Get(main_id);
+      if (!loaded) host::Raise(host::err::kObjectNotSet, "Upgrade_ItemAlternative");
+      item = loaded;
     });
     if (!item) continue;
+    item->Alternatives = host::ItemAlternatives();  // what it held is replaced
     int16_t order = 0;
     for (; !rows->Eof(); rows->MoveNext()) {
       // An article not loaded is skipped, and its number stays used.

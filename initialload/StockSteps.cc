@@ -20,12 +20,10 @@ void BSOUpgBrevantaLumaroTables::LoadStock() {
   LoadStep step("UpgradeTables");
   step.Run(27, [&] { PrepareStockTransaction(); });
   Upgrade_Stock();
-  step.Run(28, [&] {
-    if (!stock_document_ || stock_document_->Transaction().Details.empty()) return;
-    Progress("StockTransaction");
-    stock_document_->Prepare(true);
-    stock_document_->Commit(true);
-  });
+  if (!stock_document_ || stock_document_->Transaction().Details.empty()) return;
+  Progress("StockTransaction");
+  step.Run(28, [&] { stock_document_->Prepare(true); });
+  step.Run(29, [&] { stock_document_->Commit(true); });
 }
 
 void BSOUpgBrevantaLumaroTables::PrepareStockTransaction() {
@@ -99,7 +97,12 @@ void BSOUpgBrevantaLumaroTables::Upgrade_Stock() {
 
 void BSOUpgBrevantaLumaroTables::AddStockTransactionDetail(const ItemStockEntry& entry) {
   LoadStep step("AddStockTransactionDetail");
-  if (!stock_document_) return;
+  // Without a prepared movement there is nowhere to add the line.
+  if (!step.Run(3, [&] {
+        if (!stock_document_) host::Raise(host::err::kObjectNotSet, "AddStockTransactionDetail");
+      })) {
+    return;
+  }
   host::Host& host = ModConnectorLumaro::Host();
   host::StockTransaction& movement = stock_document_->Transaction();
   // An item the dictionary does not know fails here; its line goes on.

@@ -95,7 +95,7 @@ void BSOUpgBrevantaLumaroTables::Upgrade_UnitOfMeasure() {
     step.Run(4, [&] { raw = SourceText(*rs, "Unid"); });
     const std::string key = "UnitOfMeasure|" + host::Trim(raw);
     // The length of the code as it stands, blanks included.
-    if (raw.size() > kLongestUnitCode) {
+    if (host::Len(raw) > kLongestUnitCode) {
       step.Run(5, [&] { Keys().Add(host::Variant(settings->DefaultUnitOfMeasureID), key); });
     } else {
       host::UnitOfMeasure unit;

@@ -89,3 +89,24 @@ TEST_F(UpgradeTables, APlainLoadOpensTheStockInOneMovement) {
 }
 
 }  // namespace
+
+namespace {
+
+// Texts of the articles are compared by character and without regard to
+// case: a unit of three characters with an accent is a unit, and a sale
+// factor "s" counts as "S".
+TEST_F(UpgradeTables, UnitCodesCountCharactersAndTheSaleFactorFlagAnyCase) {
+  ChangeBackOffice(
+      "UPDATE Artig SET UNID = 'm² ', UNVE = 'm² ', NMED = 0 WHERE CArt = 'PAPEL';"
+      "UPDATE Artig SET UPUV = 's' WHERE CArt = 'CAIXAVINHO'");
+  Load()->UpgradeTables();
+  EXPECT_EQ(pos_.Rows("SELECT BaseUnitOfMeasureID || '|' || SaleUnitOfMeasureID FROM Item WHERE "
+                      "ItemID = 'PAPEL'"),
+            "m²|m²");
+  // "s" reads as a factor of 0, which the flag multiplies into every price.
+  EXPECT_EQ(pos_.Rows("SELECT DISTINCT PriceWithoutTax || '/' || PriceWithTax FROM "
+                      "ItemSellingPrices WHERE ItemID = 'CAIXAVINHO'"),
+            "0/0");
+}
+
+}  // namespace
