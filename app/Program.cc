@@ -69,6 +69,9 @@ standalone::StandaloneHost& Program::Host() {
         err_, terminal && !options_.quiet, options_.yes,
         [host = host_.get()] { return host->Context().Settings(); });
     terminal_ui.SetBeforeWrite([notifier = notifier_.get()] { notifier->Finish(); });
+    forms_ = std::make_unique<standalone::ConnectorForms>(*host_, FormsLibraryPath());
+    forms_->SetNotifier(notifier_.get());
+    terminal_ui.SetForms(forms_.get());
     terminal_ui.SetBoxListener([this](std::string_view text, int style) {
       account_.boxes.push_back({std::string(text), style});
     });
@@ -187,6 +190,9 @@ int Program::Dispatch() {
   if (command == "status") return StatusCommand();
   if (command == "initial-load") return InitialLoadCommand();
   if (command == "delete-all-records") return DeleteAllRecordsCommand();
+  if (command == "verify") return VerifyCommand();
+  if (command == "trace") return TraceCommand();
+  if (command == "config") return ConfigCommand();
   throw UsageError("unknown command '" + command + "'");
 }
 

@@ -15,6 +15,7 @@
 #include "app/TerminalNotifier.h"
 #include "connector/LumaroConnectorSetting.h"
 #include "connector/host/IConnector.h"
+#include "standalone/ConnectorForms.h"
 #include "standalone/StandaloneHost.h"
 
 namespace app {
@@ -53,6 +54,11 @@ class Program {
   int StatusCommand();
   int InitialLoadCommand();
   int DeleteAllRecordsCommand();
+  int VerifyCommand();
+  // The connector's forms (ProgramForms.cc).
+  int TraceCommand();
+  int ConfigCommand();
+  std::string FormsLibraryPath() const;
   // The end of an exchange run: the stops on stderr, and the exit code.
   int EndOfRun();
   void WriteReport(const Failure& failure);
@@ -75,6 +81,7 @@ class Program {
   Options options_;
   std::ostream& out_;
   std::ostream& err_;
+  std::unique_ptr<standalone::ConnectorForms> forms_;  // made with the host
   std::unique_ptr<standalone::StandaloneHost> host_;
   std::unique_ptr<Plugin> plugin_;
   std::shared_ptr<TerminalNotifier> notifier_;

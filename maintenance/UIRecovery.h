@@ -35,6 +35,27 @@ class UIRecovery {
   // 12 banks. Parties go by the range of ids of their kind. A failed
   // statement raises to the caller.
   void DeleteKassimoTables(int32_t table_type);
+
+  // The verifications of the host's database by its maintenance worker,
+  // each after the host's confirmation (message 2760002, Yes and No), with
+  // the worker's progress in the host's window and the end reported.
+  // `vbKassimoData` takes the host's second database in too. A failure is
+  // shown, not raised: for the nulls through the host's error display
+  // under "UIRecovery.DBVerifyNulls", for the others in a box with the
+  // number, the description and the table in hand.
+  //
+  // Nulls: each NULL of a column with a default takes the default.
+  void DBVerifyNulls();
+  // Relations: the rows without their parent, then the whole file.
+  void DBVerifyRelations(bool vbKassimoData);
+  // Indexes: the relations, the statistics, the tuning; the databases
+  // opened anew; then every table of the host's schema rebuilt.
+  void DBVerifyIndexes(bool vbKassimoData);
+  // Reads one row of every table of the host's schema, column by column,
+  // without a confirmation: a table the database lacks (message 2760029)
+  // and a column that cannot be read (2760028) are each named in a box,
+  // and the walk goes on.
+  void DBCheckIntegrity(bool vbKassimoData);
 };
 
 }  // namespace lumaro

@@ -15,10 +15,12 @@
 #include "standalone/odbc/OdbcDatabase.h"
 #include "standalone/schema/PosDatabase.h"
 #include "standalone/schema/PosSchema.h"
+#include "standalone/schema/PosSchemaModel.h"
 #include "standalone/services/SqliteAppUserServices.h"
 #include "standalone/services/SqliteCommercialServices.h"
 #include "standalone/services/SqliteCustomerLedgerService.h"
 #include "standalone/services/SqliteCustomerService.h"
+#include "standalone/services/SqliteDataMaintenance.h"
 #include "standalone/services/SqliteDocumentService.h"
 #include "standalone/services/SqliteEntityServices.h"
 #include "standalone/services/SqliteFamilyService.h"
@@ -100,6 +102,7 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
     return OdbcDatabase::Connect(SqlServerConnectionString(description));
   }
   host::DatabaseConnection& Connection() override { return *this; }
+  std::vector<host::TableDefinition> PosSchema() override { return PosSchemaModel(); }
   std::string TableDescription(std::string_view table) override {
     return standalone::TableDescription(table);
   }
@@ -302,6 +305,10 @@ std::unique_ptr<host::UnitOfMeasureService> StandaloneHost::NewUnitOfMeasureServ
 
 std::unique_ptr<host::DocumentService> StandaloneHost::NewDocumentService() {
   return std::make_unique<SqliteDocumentService>(*database_, *context_);
+}
+
+std::unique_ptr<host::DataMaintenance> StandaloneHost::NewDataMaintenance() {
+  return std::make_unique<SqliteDataMaintenance>();
 }
 
 std::unique_ptr<host::StockDocument> StandaloneHost::NewStockDocument() {

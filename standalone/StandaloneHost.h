@@ -68,6 +68,7 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() override;
   std::unique_ptr<host::DocumentService> NewDocumentService() override;
   std::unique_ptr<host::StockDocument> NewStockDocument() override;
+  std::unique_ptr<host::DataMaintenance> NewDataMaintenance() override;
   // PartyID: SystemManager().PartyIDBase(id, kind); PartyType: the kind.
   host::Party NewParty(int16_t kind, double id) override;
 

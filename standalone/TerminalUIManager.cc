@@ -15,7 +15,12 @@ int TerminalUIManager::MsgBox(std::string_view text, int style, std::string_view
 
 bool TerminalUIManager::ShowForm(std::string_view form_name) {
   if (before_write_) before_write_();
-  out_ << "Este anfitrião não tem formulários: não é possível mostrar " << form_name << ".\n";
+  std::string why =
+      "Este anfitrião não tem formulários: não é possível mostrar " + std::string(form_name) + ".";
+  if (forms_ != nullptr) {
+    if (std::optional<bool> answer = forms_->Show(form_name, why)) return *answer;
+  }
+  out_ << why << '\n';
   out_.flush();
   return false;
 }

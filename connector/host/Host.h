@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 
+#include "connector/host/DataMaintenance.h"
 #include "connector/host/DatabaseService.h"
 #include "connector/host/DocumentService.h"
 #include "connector/host/EntityServices.h"
@@ -53,6 +54,12 @@ class DatabaseConnection {
   virtual DatabaseService& Database() = 0;
   // Opens another database; raises when it cannot be reached.
   virtual std::shared_ptr<DatabaseService> OpenDatabase(const DatabaseDescription& description) = 0;
+  // The host's schema of its POS database: the tables and columns it
+  // expects there, whatever the file holds.
+  virtual std::vector<TableDefinition> PosSchema() = 0;
+  // The host's second database and its schema; none when it has none.
+  virtual DatabaseService* SecondDatabase() { return nullptr; }
+  virtual std::vector<TableDefinition> SecondSchema() { return {}; }
   // The description of a table of the POS database, for a person to read;
   // the table's name when the host has none.
   virtual std::string TableDescription(std::string_view table) { return std::string(table); }
@@ -119,6 +126,7 @@ class Host {
   virtual std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() = 0;
   virtual std::unique_ptr<host::DocumentService> NewDocumentService() = 0;
   virtual std::unique_ptr<host::StockDocument> NewStockDocument() = 0;
+  virtual std::unique_ptr<host::DataMaintenance> NewDataMaintenance() = 0;
   // A new, empty party of `kind` (1 suppliers, 3 banks: the kinds of
   // SystemManager.PartyIDBase) for the owner of id `id`.
   virtual host::Party NewParty(int16_t kind, double id) = 0;

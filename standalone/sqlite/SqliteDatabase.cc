@@ -456,12 +456,14 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* sta
 }
 
 host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql, bool cached) {
+  std::vector<host::Recordset::Row> rows;
+  // The columns are taken after the first step: a statement that SQLite
+  // prepared again there, after the schema changed, may have others.
+  int rc = sqlite3_step(statement);
   const ResultColumns& columns = ColumnsOf(statement, cached);
   int column_count = static_cast<int>(columns.kinds.size());
-  std::vector<host::Recordset::Row> rows;
-  int rc;
   try {
-    while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
+    for (; rc == SQLITE_ROW; rc = sqlite3_step(statement)) {
       host::Recordset::Row row;
       row.reserve(column_count);
       for (int c = 0; c < column_count; ++c) {

@@ -98,6 +98,16 @@ TEST_F(DatabaseTransactions, SchemaServiceFindsTablesAndLimitsTextInCharacters) 
   EXPECT_EQ(Rows("SELECT Flag FROM Notes"), "True");
 }
 
+TEST_F(DatabaseTransactions, AStatementRunAgainAfterTheSchemaChangedHasTheNewColumns) {
+  db_->ExecuteScript("CREATE TABLE Wide (A INTEGER, B INTEGER); INSERT INTO Wide VALUES (1, 2)");
+  const std::string kAll = "SELECT * FROM Wide";
+  EXPECT_EQ(db_->OpenRecordset(kAll)->FieldCount(), 2);
+  db_->ExecuteScript("ALTER TABLE Wide DROP COLUMN B");
+  host::RecordsetPtr rs = db_->OpenRecordset(kAll);
+  EXPECT_EQ(rs->FieldCount(), 1);
+  EXPECT_FALSE(rs->HasField("B"));
+}
+
 // Opening databases, well and badly.
 class DatabaseOpening : public ::testing::Test {
  protected:
