@@ -9,6 +9,7 @@
 #include "connector/host/Forms.h"
 #include "connector/host/Host.h"
 #include "importlog/frmLumaroLog.h"
+#include "settingsui/frmSettings.h"
 
 namespace {
 
@@ -21,6 +22,8 @@ struct NamedForm {
 
 const NamedForm kForms[] = {
     {"frmLumaroLog", [](host::IConnectorEvents*) { return lumaro::ShowLumaroLog(); }},
+    {"frmSettings",
+     [](host::IConnectorEvents* notifier) { return lumaro::ShowSettings(notifier); }},
 };
 
 const NamedForm* FindForm(const char* name) {

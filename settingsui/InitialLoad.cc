@@ -46,8 +46,8 @@ bool RunInitialLoad(LumaroConnectorSetting& settings, LoadEvents* events, bool s
     return false;
   }
   if (!ValidateSettings(settings, true)) return false;
-  // The settings form also publishes the series of the active points here
-  // (PublishSeries); that belongs with the form, which is not built yet.
+  // The settings form publishes the series of the active points once the
+  // load has run (frmSettings::PublishSeries).
   if (store_settings) Host().NewSettingStore()->Save(settings);
   std::shared_ptr<host::DatabaseService> back_office = ConnectBackOffice(settings);
   if (!back_office) {

@@ -31,6 +31,7 @@
 #include "standalone/services/SqliteStockDocument.h"
 #include "standalone/services/SqliteTaxCalculator.h"
 #include "standalone/services/SqliteWarehouseService.h"
+#include "standalone/services/SqliteWorkstationSeriesService.h"
 
 namespace standalone {
 namespace {
@@ -289,6 +290,10 @@ std::unique_ptr<host::LoadUnloadPlaceService> StandaloneHost::NewLoadUnloadPlace
 
 std::unique_ptr<host::WarehouseService> StandaloneHost::NewWarehouseService() {
   return std::make_unique<SqliteWarehouseService>(*database_);
+}
+
+std::unique_ptr<host::WorkstationSeriesService> StandaloneHost::NewWorkstationSeriesService() {
+  return std::make_unique<SqliteWorkstationSeriesService>(*database_);
 }
 
 std::unique_ptr<host::BankService> StandaloneHost::NewBankService() {

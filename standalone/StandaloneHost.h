@@ -63,6 +63,7 @@ class StandaloneHost : public host::Host {
   std::unique_ptr<host::TaxCalculator> NewTaxCalculator() override;
   std::unique_ptr<host::LoadUnloadPlaceService> NewLoadUnloadPlaceService() override;
   std::unique_ptr<host::WarehouseService> NewWarehouseService() override;
+  std::unique_ptr<host::WorkstationSeriesService> NewWorkstationSeriesService() override;
   std::unique_ptr<host::BankService> NewBankService() override;
   std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() override;
   std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() override;

@@ -22,6 +22,7 @@
 #include "connector/host/StockDocument.h"
 #include "connector/host/SystemContext.h"
 #include "connector/host/UIManager.h"
+#include "connector/host/WorkstationSeries.h"
 
 namespace host {
 
@@ -121,6 +122,7 @@ class Host {
   virtual std::unique_ptr<host::TaxCalculator> NewTaxCalculator() = 0;
   virtual std::unique_ptr<host::LoadUnloadPlaceService> NewLoadUnloadPlaceService() = 0;
   virtual std::unique_ptr<host::WarehouseService> NewWarehouseService() = 0;
+  virtual std::unique_ptr<host::WorkstationSeriesService> NewWorkstationSeriesService() = 0;
   virtual std::unique_ptr<host::BankService> NewBankService() = 0;
   virtual std::unique_ptr<host::CustomerLedgerService> NewCustomerLedgerService() = 0;
   virtual std::unique_ptr<host::UnitOfMeasureService> NewUnitOfMeasureService() = 0;

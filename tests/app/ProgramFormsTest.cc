@@ -45,14 +45,10 @@ TEST(ProgramForms, WithoutDisplayTraceAndConfigSaySoInOneLine) {
                 "WAYLAND_DISPLAY ou QT_QPA_PLATFORM).");
 }
 
-// With a display the forms library is loaded from beside the plug-in; the
-// settings form is not among its forms yet.
+// With a display the forms library is loaded from beside the plug-in: a
+// plug-in elsewhere, without the forms beside it, says so in one line.
 TEST(ProgramForms, WithDisplayFormsComeFromBesideThePlugin) {
   TempFolder folder;
-  ExpectOneLine(RunWithDisplay(folder.Path(), "QT_QPA_PLATFORM=offscreen", {"config"}),
-                "O formulário frmSettings ainda não está disponível.");
-
-  // A plug-in elsewhere, without the forms beside it.
   std::string plugin = folder.File("liblumaro_connector.so");
   std::filesystem::copy_file(kBin + "/liblumaro_connector.so", plugin);
   ProgramResult alone =

@@ -17,8 +17,9 @@ using formstest::Child;
 const std::string kFormsLibrary = std::string(LUMARO_BIN_DIR) + "/liblumaro_connector_forms.so";
 
 // The log viewer shown modally through the entry point: it reads the
-// host's log, deletes through it, and answers True after a delete; a form
-// the library does not have is refused with one line.
+// host's log, deletes through it, and answers True after a delete; the
+// settings form is there too; a form the library does not have is refused
+// with one line.
 TEST(FormsLibrary, ShowsTheLogViewerAndRefusesFormsItLacks) {
   testsupport::TestHost test_host;
   test_host.Exec(
@@ -32,9 +33,13 @@ TEST(FormsLibrary, ShowsTheLogViewerAndRefusesFormsItLacks) {
   ASSERT_TRUE(standalone::ConnectorForms::HasDisplay());  // offscreen
 
   std::string why;
-  EXPECT_EQ(forms.Show("frmSettings", why), std::nullopt);
-  EXPECT_EQ(why, "O formulário frmSettings ainda não está disponível.");
+  EXPECT_EQ(forms.Show("frmNothing", why), std::nullopt);
+  EXPECT_EQ(why, "O formulário frmNothing ainda não está disponível.");
   EXPECT_FALSE(forms.LastFormShown());
+
+  // The settings form is one of its forms: closed, it answers "not saved".
+  formstest::WhenModalShown([](QWidget* form) { form->close(); });
+  EXPECT_EQ(forms.Show("frmSettings", why), std::optional<bool>(false));
 
   int rows_shown = -1;
   formstest::BoxAnswerer yes(QMessageBox::Yes);

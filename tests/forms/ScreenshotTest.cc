@@ -6,6 +6,7 @@
 
 #include <QImage>
 #include <QListWidget>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <cstdlib>
@@ -14,6 +15,7 @@
 #include "connector/LumaroConnector.h"
 #include "importlog/DSOLumaroLog.h"
 #include "importlog/frmLumaroLog.h"
+#include "settingsui/frmSettings.h"
 #include "settingsui/frmWorkstationList.h"
 #include "tests/support/TestHost.h"
 
@@ -87,6 +89,31 @@ TEST_F(FormScreenshots, WorkstationList) {
   form.Prepare("01", {"2"}, {"1", "4"});
   ASSERT_EQ(form.findChild<QListWidget*>("lstWorkstationList")->count(), 5);
   Shoot(form, "frmWorkstationList");
+}
+
+TEST_F(FormScreenshots, Settings) {
+  // A shop with two exchange points, one of them not yet in use.
+  lumaro::LumaroConnectorSetting setting;
+  setting.ImportExportPath = "/srv/lumaro/exchange";
+  setting.LastImportNumber = 42;
+  setting.SQLDataSource = "backoffice\\LUMARO";
+  setting.SQLCompanyID = "EMP01";
+  setting.SQLCompanyYear = 2026;
+  setting.SQLAuthentication = 1;
+  setting.SQLUserName = "pos";
+  setting.SQLPassword = "segredo";
+  setting.LumaroDelegationID = 1;
+  setting.InitializeZone = "1;2";
+  setting.InitializeFamily = "VIN;QUE";
+  setting.InitializeFamilyLevel = "3";
+  setting.TillID = 3;
+  setting.SetWorkstation(1, {true, "02", "1,2", 119, "A"});
+  setting.SetWorkstation(2, {false, "05", "", 0, "L"});
+  test_host_.Host().NewSettingStore()->Save(setting);
+  lumaro::frmSettings form;
+  Shoot(form, "frmSettings");
+  form.findChild<QTabWidget*>("TabControl1")->setCurrentIndex(1);
+  Shoot(form, "frmSettings-2");
 }
 
 }  // namespace
