@@ -6,8 +6,13 @@
 namespace app {
 
 const char kUsage[] =
-    "usage: lumaro [--db FILE] [--workstation N] [--now \"YYYY-MM-DD HH:MM:SS\"] [--yes]\n"
-    "              [--quiet] [--wait SECONDS] [--plugin FILE] [--report FILE] COMMAND\n"
+    "usage: lumaro [--db FILE | --odbc CONNECTION] [--workstation N]\n"
+    "              [--now \"YYYY-MM-DD HH:MM:SS\"] [--yes] [--quiet] [--wait SECONDS]\n"
+    "              [--plugin FILE] [--report FILE] COMMAND\n"
+    "\n"
+    "  --db FILE            the POS database, a SQLite file (default vendara.db)\n"
+    "  --odbc CONNECTION    the POS database on a server, by its ODBC connection\n"
+    "                       string (PostgreSQL through psqlODBC, SQL Server)\n"
     "\n"
     "commands:\n"
     "  init                          create or upgrade the POS database\n"
@@ -75,6 +80,7 @@ double ParseWait(const std::string& text) {
 
 Options ParseCommandLine(int argc, char** argv) {
   Options options;
+  bool db_given = false;
   int i = 1;
   auto value_of = [&](const char* option) -> std::string {
     if (i + 1 >= argc) throw UsageError(std::string(option) + " needs a value");
@@ -83,7 +89,12 @@ Options ParseCommandLine(int argc, char** argv) {
   for (; i < argc; ++i) {
     std::string arg = argv[i];
     if (arg == "--db") {
+      if (options.odbc) throw UsageError("give --db or --odbc, not both");
       options.db = value_of("--db");
+      db_given = true;
+    } else if (arg == "--odbc") {
+      if (db_given) throw UsageError("give --db or --odbc, not both");
+      options.odbc = value_of("--odbc");
     } else if (arg == "--workstation") {
       options.workstation = ParseWorkstation(value_of("--workstation"));
     } else if (arg == "--now") {

@@ -16,6 +16,8 @@ class UsageError : public std::runtime_error {
 
 struct Options {
   std::string db = "vendara.db";
+  // The POS database on a server: an ODBC connection string, in place of db.
+  std::optional<std::string> odbc;
   int workstation = 1;
   std::optional<std::string> now;  // "YYYY-MM-DD HH:MM:SS"
   bool yes = false;

@@ -12,6 +12,7 @@
 #include "connector/host/Date.h"
 #include "connector/host/Error.h"
 #include "standalone/TerminalUIManager.h"
+#include "standalone/odbc/OdbcDatabase.h"
 #include "standalone/schema/PosDatabase.h"
 
 namespace app {
@@ -59,7 +60,8 @@ void Program::RequireArguments(size_t count, const char* usage) const {
 
 standalone::StandaloneHost& Program::Host() {
   if (!host_) {
-    auto database = standalone::OpenPosDatabase(options_.db);
+    auto database = options_.odbc ? standalone::OpenPosServer(*options_.odbc)
+                                  : standalone::OpenPosDatabase(options_.db);
     bool terminal = ::isatty(STDERR_FILENO) == 1;
     auto ui = std::make_unique<standalone::TerminalUIManager>(err_, options_.yes);
     standalone::TerminalUIManager& terminal_ui = *ui;
@@ -122,7 +124,8 @@ void Program::WriteReport(const Failure& failure) {
   ReportedRun run;
   run.command = options_.command;
   run.dry_run = run.command.size() == 2 && run.command[1] == "--dry-run";
-  run.database = std::filesystem::absolute(options_.db).lexically_normal().string();
+  run.database = options_.odbc ? DatabaseName()
+                               : std::filesystem::absolute(options_.db).lexically_normal().string();
   run.workstation = options_.workstation;
   run.started = started_;
   run.ended = std::chrono::system_clock::now();
@@ -138,7 +141,7 @@ void Program::WriteReport(const Failure& failure) {
 }
 
 std::optional<lumaro::LumaroConnectorSetting> Program::StoredSettings() {
-  if (!host_ && !std::filesystem::exists(options_.db)) return std::nullopt;
+  if (!host_ && !options_.odbc && !std::filesystem::exists(options_.db)) return std::nullopt;
   standalone::StandaloneHost& host = Host();
   AttachedHost attached(host);
   lumaro::LumaroConnectorSetting settings;
@@ -160,7 +163,7 @@ int Program::EndOfRun() {
 
 void Program::RollBackOpenTransaction() {
   if (!host_) return;
-  standalone::SqliteDatabase& db = host_->Database();
+  standalone::PosEngine& db = host_->Database();
   while (db.InTransaction()) {
     try {
       db.RollbackTrans();
@@ -196,13 +199,21 @@ int Program::Dispatch() {
   throw UsageError("unknown command '" + command + "'");
 }
 
+std::string Program::DatabaseName() {
+  try {
+    return Host().Database().Name();
+  } catch (...) {
+    return "(the server that could not be reached)";
+  }
+}
+
 int Program::Init() {
   RequireArguments(1, "init");
-  bool existed = ::access(options_.db.c_str(), F_OK) == 0;
+  bool existed = options_.odbc ? true : ::access(options_.db.c_str(), F_OK) == 0;
   standalone::StandaloneHost& host = Host();
   if (!options_.quiet) {
-    out_ << "POS database " << options_.db << (existed ? " is ready" : " created")
-         << " (schema version " << standalone::PosSchemaVersionOf(host.Database()) << ")\n";
+    out_ << "POS database " << host.Database().Name() << (existed ? " is ready" : " created")
+         << " (schema version " << host.Database().SchemaVersion() << ")\n";
   }
   return kSuccess;
 }
@@ -218,7 +229,14 @@ int Program::Info() {
 }
 
 void Program::LockForRun() {
-  if (!run_lock_) run_lock_ = std::make_unique<RunLock>(options_.db, options_.wait_seconds);
+  if (run_lock_) return;
+  if (!options_.odbc) {
+    run_lock_ = std::make_unique<RunLock>(options_.db, options_.wait_seconds);
+    return;
+  }
+  auto& server = dynamic_cast<standalone::OdbcDatabase&>(Host().Database());
+  run_lock_ = std::make_unique<RunLock>(server.Name(), options_.wait_seconds,
+                                        [&server] { return server.TryLockForRun(); });
 }
 
 int Program::ExportCommand() {

@@ -74,6 +74,8 @@ class Program {
   // The connector's settings stored in the POS database, read as the
   // connector reads them; nothing when none are stored.
   std::optional<lumaro::LumaroConnectorSetting> StoredSettings();
+  // The POS database as messages name it.
+  std::string DatabaseName();
   // Stores the settings as the connector writes them (the password
   // encrypted).
   void StoreSettings(lumaro::LumaroConnectorSetting& settings);

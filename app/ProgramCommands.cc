@@ -184,7 +184,7 @@ int Program::HostCommand() {
 
 int Program::LogCommand() {
   const auto& args = options_.command;
-  standalone::SqliteDatabase& db = Host().Database();
+  standalone::PosEngine& db = Host().Database();
   bool has_table = db.Schema().TableExists("LumaroLog");
   if (args.size() == 1) {
     // The columns of the log viewer; the size is read but not shown.

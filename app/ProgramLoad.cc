@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -12,6 +13,7 @@
 #include "connector/host/FileSystem.h"
 #include "maintenance/UIRecovery.h"
 #include "settingsui/InitialLoad.h"
+#include "standalone/schema/PosSchemaModel.h"
 
 namespace app {
 namespace {
@@ -86,12 +88,13 @@ int Program::InitialLoadCommand() {
   if (!ran) return kFailure;
   if (!options_.quiet) {
     out_ << "rows in the POS database after the load:\n";
-    standalone::SqliteDatabase& db = host.Database();
-    for (auto tables = db.OpenRecordset(
-             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' "
-             "ORDER BY name");
-         !tables->Eof(); tables->MoveNext()) {
-      std::string table = host::FieldConverter::ToText(tables->Fields("name"));
+    standalone::PosEngine& db = host.Database();
+    std::vector<std::string> tables;
+    for (const host::TableDefinition& table : standalone::PosSchemaModel()) {
+      tables.push_back(table.name);
+    }
+    std::sort(tables.begin(), tables.end());
+    for (const std::string& table : tables) {
       auto count = db.OpenRecordset("SELECT COUNT(*) FROM [" + table + "]");
       long long rows = static_cast<long long>(host::FieldConverter::ToNumber(count->Fields(0)));
       if (rows > 0) out_ << "  " << table << ": " << rows << '\n';

@@ -16,7 +16,7 @@ constexpr int kLastImportFiles = 5;
 
 // "<count>[, oldest <date>]" of the rows of `table` that the point's next
 // export would take: its series and workstations, not yet exported.
-std::string Pending(standalone::SqliteDatabase& db, const char* table,
+std::string Pending(standalone::PosEngine& db, const char* table,
                     const lumaro::Workstation& point) {
   // The list goes in as it stands, as the export puts it.
   auto rs = db.OpenRecordset(
@@ -38,7 +38,7 @@ int Program::StatusCommand() {
     err_ << "lumaro: no settings are stored\n";
     return kFailure;
   }
-  standalone::SqliteDatabase& db = Host().Database();
+  standalone::PosEngine& db = Host().Database();
   const std::string& folder = settings->ImportExportPath;
   bool folder_there = host::FolderExists(folder);
   // Absolute: a relative folder is found from where lumaro runs.

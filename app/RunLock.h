@@ -1,6 +1,7 @@
 #ifndef LUMARO_APP_RUN_LOCK_H_
 #define LUMARO_APP_RUN_LOCK_H_
 
+#include <functional>
 #include <string>
 
 namespace app {
@@ -14,6 +15,12 @@ class RunLock {
  public:
   // Raises std::runtime_error when the lock cannot be had in time.
   RunLock(const std::string& database_path, double wait_seconds);
+  // A lock that the POS database's server keeps for the connection (a
+  // database on a server has no file beside it): `try_lock` takes it or
+  // says it is held, and is asked again until the wait ends. The server
+  // releases it when the connection ends.
+  RunLock(const std::string& database_name, double wait_seconds,
+          const std::function<bool()>& try_lock);
   ~RunLock();
   RunLock(const RunLock&) = delete;
   RunLock& operator=(const RunLock&) = delete;

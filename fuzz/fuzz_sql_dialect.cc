@@ -25,8 +25,8 @@
 #include <variant>
 #include <vector>
 
-#include "standalone/sqlite/SqlDialect.h"
-#include "standalone/sqlite/SqlTokens.h"
+#include "standalone/sql/SqlDialect.h"
+#include "standalone/sql/SqlTokens.h"
 
 namespace {
 

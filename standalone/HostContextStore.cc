@@ -8,6 +8,7 @@
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
+#include "standalone/ReplaceRow.h"
 
 namespace standalone {
 namespace {
@@ -78,14 +79,10 @@ std::string TimePattern(const std::string& value) {
 
 const std::vector<KeyDefinition>& Definitions() {
   static const std::vector<KeyDefinition> kDefinitions = {
-      {"CompanyNumber", "1", AnyText},
-      {"WorkFolder", nullptr, ExistingFolder},
-      {"ItemImageFolder", nullptr, NonEmpty},
-      {"TerminalCount", "1", WholeNumber},
-      {"ExternalSeries", "False", TruthValue},
-      {"DecimalSeparator", ",", Separator},
-      {"GroupSeparator", ".", Separator},
-      {"ShortDate", "dd-mm-yyyy", DatePattern},
+      {"CompanyNumber", "1", AnyText},         {"WorkFolder", nullptr, ExistingFolder},
+      {"ItemImageFolder", nullptr, NonEmpty},  {"TerminalCount", "1", WholeNumber},
+      {"ExternalSeries", "False", TruthValue}, {"DecimalSeparator", ",", Separator},
+      {"GroupSeparator", ".", Separator},      {"ShortDate", "dd-mm-yyyy", DatePattern},
       {"LongTime", "hh:mm:ss", TimePattern},
   };
   return kDefinitions;
@@ -107,7 +104,7 @@ const KeyDefinition& Definition(std::string_view key) {
 
 }  // namespace
 
-HostContextStore::HostContextStore(SqliteDatabase& database, std::string default_work_folder)
+HostContextStore::HostContextStore(host::DatabaseService& database, std::string default_work_folder)
     : database_(database), default_work_folder_(std::move(default_work_folder)) {}
 
 std::string HostContextStore::DefaultOf(std::string_view key) const {
@@ -151,9 +148,8 @@ void HostContextStore::Set(std::string_view key, std::string_view value) {
                       "The decimal and group separators must differ", kSource);
     }
   }
-  const host::SqlFormat& format = database_.SqlFormat();
-  database_.OpenRecordset("INSERT OR REPLACE INTO HostContext (ContextKey, ContextValue) VALUES ('" +
-                          name + "', '" + format.QuoteText(text) + "')");
+  ReplaceRow(database_, "HostContext", {{"ContextKey", host::SqlValue::Text(name)}},
+             {{"ContextValue", host::SqlValue::Text(text)}});
 }
 
 host::RegionalSettings HostContextStore::Regional() const {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "connector/host/DatabaseService.h"
 #include "connector/host/Regional.h"
-#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 
@@ -23,7 +23,7 @@ class HostContextStore {
 
   // `default_work_folder` is the work folder of a database that has none
   // set: the folder of the database file.
-  HostContextStore(SqliteDatabase& database, std::string default_work_folder);
+  HostContextStore(host::DatabaseService& database, std::string default_work_folder);
 
   // Every key with its value, in a fixed order.
   std::vector<Entry> All() const;
@@ -40,7 +40,7 @@ class HostContextStore {
  private:
   std::string DefaultOf(std::string_view key) const;
 
-  SqliteDatabase& database_;
+  host::DatabaseService& database_;
   std::string default_work_folder_;
 };
 

@@ -1,6 +1,7 @@
 #include "standalone/SqliteSettingStore.h"
 
 #include "connector/host/FieldConverter.h"
+#include "standalone/ReplaceRow.h"
 
 namespace standalone {
 
@@ -12,18 +13,16 @@ std::string SqliteSettingStore::Where(std::string_view key1, std::string_view ke
 void SqliteSettingStore::Save(host::IGenericSetting& setting) {
   // The document first: a failure to build it stores nothing.
   std::string xml = setting.ToXML();
-  const host::SqlFormat& format = database_.SqlFormat();
-  database_.OpenRecordset("INSERT OR REPLACE INTO ConnectorSettings (Key1, Key2, XMLSettings) "
-                          "VALUES ('" +
-                          format.QuoteText(setting.Key1()) + "', '" +
-                          format.QuoteText(setting.Key2()) + "', '" + format.QuoteText(xml) +
-                          "')");
+  ReplaceRow(database_, "ConnectorSettings",
+             {{"Key1", host::SqlValue::Text(setting.Key1())},
+              {"Key2", host::SqlValue::Text(setting.Key2())}},
+             {{"XMLSettings", host::SqlValue::Text(xml)}});
 }
 
 std::optional<std::string> SqliteSettingStore::StoredText(std::string_view key1,
                                                           std::string_view key2) {
-  auto rs = database_.OpenRecordset("SELECT XMLSettings FROM ConnectorSettings" +
-                                    Where(key1, key2));
+  auto rs =
+      database_.OpenRecordset("SELECT XMLSettings FROM ConnectorSettings" + Where(key1, key2));
   if (rs->Eof()) return std::nullopt;
   return host::FieldConverter::ToText(rs->Fields(0));
 }

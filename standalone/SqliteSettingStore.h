@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "connector/host/DatabaseService.h"
 #include "connector/host/SettingStore.h"
-#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 
@@ -13,7 +13,7 @@ namespace standalone {
 // ConnectorSettings for each (Key1, Key2), holding the setting's ToXML.
 class SqliteSettingStore : public host::SettingStore {
  public:
-  explicit SqliteSettingStore(SqliteDatabase& database) : database_(database) {}
+  explicit SqliteSettingStore(host::DatabaseService& database) : database_(database) {}
 
   void Save(host::IGenericSetting& setting) override;
   bool Load(host::IGenericSetting& setting) override;
@@ -25,7 +25,7 @@ class SqliteSettingStore : public host::SettingStore {
  private:
   std::string Where(std::string_view key1, std::string_view key2) const;
 
-  SqliteDatabase& database_;
+  host::DatabaseService& database_;
 };
 
 }  // namespace standalone

@@ -40,7 +40,7 @@ std::string StandaloneWorkstation::SeriesKey() const {
   return rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
 }
 
-StandaloneContext::StandaloneContext(SqliteDatabase& db, HostContextStore& store,
+StandaloneContext::StandaloneContext(host::DatabaseService& db, HostContextStore& store,
                                      int32_t workstation_id, int32_t user_id, int32_t session_id)
     : db_(db),
       store_(store),

@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
+#include "connector/host/DatabaseService.h"
 #include "connector/host/SystemContext.h"
 #include "standalone/HostContextStore.h"
 #include "standalone/SodiumSecurity.h"
-#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 
@@ -48,7 +48,7 @@ class StandaloneWorkstation : public host::CurrentWorkstation {
 // the workstation, user and session the host runs as.
 class StandaloneContext : public host::SystemContext {
  public:
-  StandaloneContext(SqliteDatabase& db, HostContextStore& store, int32_t workstation_id,
+  StandaloneContext(host::DatabaseService& db, HostContextStore& store, int32_t workstation_id,
                     int32_t user_id, int32_t session_id);
 
   std::shared_ptr<host::SystemSettings> Settings() override;
@@ -75,7 +75,7 @@ class StandaloneContext : public host::SystemContext {
   std::shared_ptr<host::SystemSettings> LoadSettings(int32_t key) override;
 
  private:
-  SqliteDatabase& db_;
+  host::DatabaseService& db_;
   HostContextStore& store_;
   StandaloneWorkstation workstation_;
   int32_t user_id_;

@@ -32,17 +32,10 @@
 #include "standalone/services/SqliteTaxCalculator.h"
 #include "standalone/services/SqliteWarehouseService.h"
 #include "standalone/services/SqliteWorkstationSeriesService.h"
+#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 namespace {
-
-// Back-office connections go through ODBC, which this host does not offer
-// yet.
-
-std::string FolderOf(const std::string& path) {
-  std::filesystem::path absolute = std::filesystem::absolute(path);
-  return absolute.parent_path().string();
-}
 
 class HostSystemManager : public host::SystemManager {
  public:
@@ -79,7 +72,7 @@ std::string SqlServerConnectionString(const host::DatabaseDescription& descripti
 
 class HostConnection : public host::DatabaseConnection, public host::DataManager {
  public:
-  explicit HostConnection(SqliteDatabase& database) : database_(database) {}
+  explicit HostConnection(PosEngine& database) : database_(database) {}
   host::DatabaseService& Database() override { return database_; }
   // The back office's database. A server "sqlite:FOLDER" is a back office
   // kept as the SQLite file FOLDER/<database name>.db, opened read-only: for
@@ -109,13 +102,12 @@ class HostConnection : public host::DatabaseConnection, public host::DataManager
   }
 
  private:
-  SqliteDatabase& database_;
+  PosEngine& database_;
 };
 
 class HostRegistry : public host::ConnectorRegistry, public host::ModuleManager {
  public:
-  HostRegistry(host::SettingStore& store, SqliteDatabase& database)
-      : store_(store), series_(database) {}
+  HostRegistry(host::SettingStore& store, PosEngine& database) : store_(store), series_(database) {}
   host::SettingStore& SettingStore() override { return store_; }
   host::SeriesCatalogue& SeriesCatalogue() override { return series_; }
   host::ConnectorRegistry& ConnectorRegistry() override { return *this; }
@@ -157,7 +149,7 @@ class HostFileTools : public host::FileTools, public host::NameTools {
 
 class StandaloneHost::Roots {
  public:
-  Roots(StandaloneContext& context, SqliteDatabase& database, host::SettingStore& store)
+  Roots(StandaloneContext& context, PosEngine& database, host::SettingStore& store)
       : system(context), connection(database), registry(store, database) {}
   HostSystemManager system;
   HostConnection connection;
@@ -165,7 +157,7 @@ class StandaloneHost::Roots {
   HostFileTools files;
 };
 
-std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path) {
+std::unique_ptr<PosEngine> OpenPosDatabase(const std::string& path) {
   struct stat info;
   bool existed = ::stat(path.c_str(), &info) == 0;
   std::unique_ptr<SqliteDatabase> database;
@@ -181,10 +173,19 @@ std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path) {
   return database;
 }
 
-StandaloneHost::StandaloneHost(std::unique_ptr<SqliteDatabase> database,
+std::unique_ptr<PosEngine> OpenPosServer(const std::string& connection_string) {
+  std::unique_ptr<OdbcDatabase> database = OdbcDatabase::Connect(connection_string);
+  // A field of a BIT column reads as a truth value, as on SQLite; a server
+  // keeps it as a small integer.
+  database->SetTruthColumns(PosSchemaModel());
+  PreparePosDatabase(*database);
+  return database;
+}
+
+StandaloneHost::StandaloneHost(std::unique_ptr<PosEngine> database,
                                std::unique_ptr<host::UIManager> ui, Identity identity)
     : database_(std::move(database)), ui_(std::move(ui)) {
-  context_store_ = std::make_unique<HostContextStore>(*database_, FolderOf(database_->Path()));
+  context_store_ = std::make_unique<HostContextStore>(*database_, database_->HomeFolder());
   context_ = std::make_unique<StandaloneContext>(
       *database_, *context_store_, identity.workstation_id, identity.user_id, identity.session_id);
   setting_store_ = std::make_unique<SqliteSettingStore>(*database_);

@@ -6,9 +6,9 @@
 
 #include "connector/host/Host.h"
 #include "standalone/HostContextStore.h"
+#include "standalone/PosEngine.h"
 #include "standalone/SqliteSettingStore.h"
 #include "standalone/StandaloneContext.h"
-#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace standalone {
 
@@ -23,14 +23,19 @@ struct Identity {
 // current schema. Raises, leaving no new file behind, when the file cannot
 // be opened or created, is not a POS database, or its schema cannot be
 // written.
-std::unique_ptr<SqliteDatabase> OpenPosDatabase(const std::string& path);
+std::unique_ptr<PosEngine> OpenPosDatabase(const std::string& path);
+
+// Connects to a POS database on a server through ODBC (PostgreSQL, SQL
+// Server) and brings it to the current schema: an empty database gets the
+// schema and factory data of a fresh POS. Raises as OpenPosDatabase does.
+std::unique_ptr<PosEngine> OpenPosServer(const std::string& connection_string);
 
 // The stand-alone host: every service the connector asks of its host, over
 // one POS database. It sets the thread's regional settings to those of the
 // database's host context. Keep it alive while a connector it made lives.
 class StandaloneHost : public host::Host {
  public:
-  StandaloneHost(std::unique_ptr<SqliteDatabase> database, std::unique_ptr<host::UIManager> ui,
+  StandaloneHost(std::unique_ptr<PosEngine> database, std::unique_ptr<host::UIManager> ui,
                  Identity identity = {});
   ~StandaloneHost() override;
 
@@ -81,7 +86,7 @@ class StandaloneHost : public host::Host {
   // Watches the exports from now on, as SetImportObserver.
   void SetExportObserver(host::ExportObserver* observer) { export_observer_ = observer; }
 
-  SqliteDatabase& Database() { return *database_; }
+  PosEngine& Database() { return *database_; }
   HostContextStore& ContextStore() { return *context_store_; }
   StandaloneContext& Context() { return *context_; }
   SqliteSettingStore& Settings() { return *setting_store_; }
@@ -92,7 +97,7 @@ class StandaloneHost : public host::Host {
  private:
   class Roots;
 
-  std::unique_ptr<SqliteDatabase> database_;
+  std::unique_ptr<PosEngine> database_;
   std::unique_ptr<host::UIManager> ui_;
   std::unique_ptr<HostContextStore> context_store_;
   std::unique_ptr<StandaloneContext> context_;

@@ -11,31 +11,21 @@ namespace {
 
 constexpr int32_t kWrongDatabase = -2147467259;
 
-int TableCount(SqliteDatabase& database) {
-  auto rs = database.OpenRecordset("SELECT COUNT(*) AS N FROM sqlite_master WHERE type='table'");
-  return static_cast<int>(host::FieldConverter::ToNumber(rs->Fields(0)));
-}
-
 }  // namespace
 
-int PosSchemaVersionOf(SqliteDatabase& database) {
-  auto rs = database.OpenRecordset("PRAGMA user_version");
-  return static_cast<int>(host::FieldConverter::ToNumber(rs->Fields(0)));
-}
-
-PreparedAs PreparePosDatabase(SqliteDatabase& database) {
-  int version = PosSchemaVersionOf(database);
+PreparedAs PreparePosDatabase(PosEngine& database) {
+  int version = database.SchemaVersion();
   if (version == kPosSchemaVersion) return PreparedAs::kCurrent;
   if (version > kPosSchemaVersion) {
     host::RaiseWith(kWrongDatabase,
-                    "The POS database '" + database.Path() + "' has schema version " +
+                    "The POS database '" + database.Name() + "' has schema version " +
                         std::to_string(version) + ", newer than this program's (" +
                         std::to_string(kPosSchemaVersion) + ")",
                     "PosDatabase");
   }
-  if (version == 0 && TableCount(database) > 0) {
+  if (version == 0 && database.TableCount() > 0) {
     host::RaiseWith(kWrongDatabase,
-                    "'" + database.Path() + "' is a SQLite database but not a POS database",
+                    "'" + database.Name() + "' holds tables but is not a POS database",
                     "PosDatabase");
   }
   // Version 0 is an empty database, made whole; an older version is brought
@@ -44,7 +34,7 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
   try {
     // Another program may have prepared the database while this one waited
     // for the write lock: what it finds then is read again.
-    version = PosSchemaVersionOf(database);
+    version = database.SchemaVersion();
     if (version == kPosSchemaVersion) {
       database.CommitTrans();
       return PreparedAs::kCurrent;
@@ -52,9 +42,13 @@ PreparedAs PreparePosDatabase(SqliteDatabase& database) {
     if (version == 0) {
       for (std::string_view statement : PosSchemaStatements()) database.ExecuteScript(statement);
       for (std::string_view statement : FactoryDataStatements()) database.ExecuteScript(statement);
+      // The version goes last, so that a database whose creation stopped
+      // half-way still reads as version 0.
+      database.SetSchemaVersion(kPosSchemaVersion);
     } else {
       for (int from = version; from < kPosSchemaVersion; ++from) {
         for (std::string_view statement : PosSchemaUpgrade(from)) database.ExecuteScript(statement);
+        database.SetSchemaVersion(from + 1);
       }
     }
     database.CommitTrans();

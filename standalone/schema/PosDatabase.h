@@ -1,7 +1,7 @@
 #ifndef LUMARO_STANDALONE_SCHEMA_POS_DATABASE_H_
 #define LUMARO_STANDALONE_SCHEMA_POS_DATABASE_H_
 
-#include "standalone/sqlite/SqliteDatabase.h"
+#include "standalone/PosEngine.h"
 
 namespace standalone {
 
@@ -12,10 +12,7 @@ enum class PreparedAs { kCreated, kUpgraded, kCurrent };
 // older one its upgrade steps; a current one nothing. Raises, changing
 // nothing, for a database that is newer than this program or that holds
 // tables but no POS schema.
-PreparedAs PreparePosDatabase(SqliteDatabase& database);
-
-// The schema version the database says it has (PRAGMA user_version).
-int PosSchemaVersionOf(SqliteDatabase& database);
+PreparedAs PreparePosDatabase(PosEngine& database);
 
 }  // namespace standalone
 

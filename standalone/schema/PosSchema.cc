@@ -37,17 +37,11 @@ std::vector<std::string_view> PosSchemaStatements() {
       schema::SalesDocumentsSchema, schema::TendersSchema,    schema::AccountsSchema,
       schema::WorkTablesSchema,     schema::HostSchema,
   };
-  // The version goes last, so that a database whose creation stopped half-way
-  // still reads as version 0.
-  static const std::string kVersionPragma =
-      "PRAGMA user_version = " + std::to_string(kPosSchemaVersion);
-
   std::vector<std::string_view> statements;
   for (PartFunction part : kParts) {
     std::vector<std::string_view> part_statements = part();
     statements.insert(statements.end(), part_statements.begin(), part_statements.end());
   }
-  statements.push_back(kVersionPragma);
   return statements;
 }
 
@@ -61,13 +55,11 @@ std::vector<std::string_view> PosSchemaUpgrade(int from) {
               "ALTER TABLE AppUsers ADD COLUMN DefaultWorkstationID INTEGER NOT NULL DEFAULT 0",
               "ALTER TABLE AppUsers ADD COLUMN Active BIT NOT NULL DEFAULT 1",
               "ALTER TABLE AppUsers ADD COLUMN CanChangePrices BIT NOT NULL DEFAULT 1",
-              "ALTER TABLE AppUsers ADD COLUMN CanVoidDocuments BIT NOT NULL DEFAULT 1",
-              "PRAGMA user_version = 2"};
+              "ALTER TABLE AppUsers ADD COLUMN CanVoidDocuments BIT NOT NULL DEFAULT 1"};
     case 2:
       // 3: a series' year and lock, which a series the load makes sets.
       return {"ALTER TABLE Series ADD COLUMN SeriesYear SMALLINT NOT NULL DEFAULT 0",
-              "ALTER TABLE Series ADD COLUMN SeriesLocked SMALLINT NOT NULL DEFAULT 0",
-              "PRAGMA user_version = 3"};
+              "ALTER TABLE Series ADD COLUMN SeriesLocked SMALLINT NOT NULL DEFAULT 0"};
     default:
       return {};
   }

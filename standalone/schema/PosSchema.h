@@ -7,7 +7,8 @@
 
 namespace standalone {
 
-// The version of the POS schema below, kept in PRAGMA user_version. Raise it
+// The version of the POS schema below, which the database keeps
+// (PosEngine::SchemaVersion). Raise it
 // with every change, and add the upgrade steps from the previous version.
 inline constexpr int kPosSchemaVersion = 3;
 
@@ -24,8 +25,7 @@ inline constexpr int kPosSchemaVersion = 3;
 std::vector<std::string_view> PosSchemaStatements();
 
 // The statements that bring a database of schema version `from` to the next
-// version (the DDL above already has every version's changes), the new
-// version pragma last.
+// version (the DDL above already has every version's changes).
 std::vector<std::string_view> PosSchemaUpgrade(int from);
 
 // The factory data of a fresh POS: what a newly installed host holds before

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -44,7 +45,13 @@ std::string Text(sqlite3_stmt* statement, int column) {
   return text ? reinterpret_cast<const char*>(text) : "";
 }
 
-std::vector<host::TableDefinition> MakeModel() {
+struct Model {
+  std::vector<host::TableDefinition> tables;
+  // By the table's name in upper case.
+  std::map<std::string, std::vector<ColumnDeclaration>> declarations;
+};
+
+Model MakeModel() {
   sqlite3* raw = nullptr;
   sqlite3_open(":memory:", &raw);
   std::unique_ptr<sqlite3, decltype(&sqlite3_close)> db(raw, sqlite3_close);
@@ -54,31 +61,46 @@ std::vector<host::TableDefinition> MakeModel() {
       throw std::runtime_error("the POS schema model: " + std::string(sqlite3_errmsg(db.get())));
     }
   }
-  std::vector<host::TableDefinition> tables;
+  Model model;
   Statement names = Prepare(db.get(),
                             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
                             "LIKE 'sqlite_%' ORDER BY name");
   while (sqlite3_step(names.get()) == SQLITE_ROW) {
     host::TableDefinition table;
     table.name = Text(names.get(), 0);
-    Statement columns =
-        Prepare(db.get(), "SELECT name, type FROM pragma_table_info('" + table.name + "')");
+    Statement columns = Prepare(
+        db.get(), "SELECT name, type, dflt_value FROM pragma_table_info('" + table.name + "')");
+    std::vector<ColumnDeclaration>& declarations = model.declarations[host::UCase(table.name)];
     while (sqlite3_step(columns.get()) == SQLITE_ROW) {
       Column column;
       column.name = Text(columns.get(), 0);
       column.type = TypeOf(Text(columns.get(), 1), column.length);
       table.columns.push_back(column);
+      ColumnDeclaration declaration{column.name, Text(columns.get(), 1), std::nullopt};
+      if (sqlite3_column_type(columns.get(), 2) != SQLITE_NULL) {
+        declaration.default_text = Text(columns.get(), 2);
+      }
+      declarations.push_back(std::move(declaration));
     }
-    tables.push_back(std::move(table));
+    model.tables.push_back(std::move(table));
   }
-  return tables;
+  return model;
+}
+
+const Model& TheModel() {
+  static const Model model = MakeModel();
+  return model;
 }
 
 }  // namespace
 
-const std::vector<host::TableDefinition>& PosSchemaModel() {
-  static const std::vector<host::TableDefinition> model = MakeModel();
-  return model;
+const std::vector<host::TableDefinition>& PosSchemaModel() { return TheModel().tables; }
+
+const std::vector<ColumnDeclaration>& PosColumnDeclarations(std::string_view table) {
+  static const std::vector<ColumnDeclaration> kNone;
+  const auto& declarations = TheModel().declarations;
+  auto found = declarations.find(host::UCase(table));
+  return found == declarations.end() ? kNone : found->second;
 }
 
 }  // namespace standalone

@@ -6,6 +6,7 @@
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
+#include "standalone/schema/PosSchemaModel.h"
 
 namespace standalone {
 namespace {
@@ -30,9 +31,9 @@ size_t DeclaredLength(const std::string& type) {
 
 // A column's default as PRAGMA table_info gives it: NULL, a quoted text or
 // a number are plain values; anything else (an expression) is none.
-std::optional<host::SqlValue> DefaultValue(const host::Variant& declared) {
-  if (declared.IsNull() || declared.IsEmpty()) return host::SqlValue::Null();
-  std::string text = host::FieldConverter::ToText(declared);
+std::optional<host::SqlValue> DefaultValue(const std::optional<std::string>& declared) {
+  if (!declared) return host::SqlValue::Null();
+  const std::string& text = *declared;
   if (host::UCase(text) == "NULL") return host::SqlValue::Null();
   if (text.size() >= 2 && text.front() == '\'' && text.back() == '\'') {
     return host::SqlValue::Text(host::Replace(text.substr(1, text.size() - 2), "''", "'"));
@@ -195,12 +196,28 @@ const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
   auto found = tables_.find(table);
   if (found != tables_.end()) return found->second;
   TableInfo info;
-  for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + table + ")"); !rs->Eof();
-       rs->MoveNext()) {
-    std::string name = host::FieldConverter::ToText(rs->Fields("name"));
-    size_t length = DeclaredLength(host::FieldConverter::ToText(rs->Fields("type")));
+  auto add = [&info](const std::string& name, const std::string& type,
+                     const std::optional<std::string>& default_text) {
+    size_t length = DeclaredLength(type);
     if (length > 0) info.lengths.emplace(name, length);
-    info.defaults.emplace_back(name, DefaultValue(rs->Fields("dflt_value")));
+    info.defaults.emplace_back(name, DefaultValue(default_text));
+  };
+  if (db_.DatabaseKind() != 0) {
+    // A server's catalogue gives its own forms of types and defaults: the
+    // host's schema says what they are.
+    for (const ColumnDeclaration& column : PosColumnDeclarations(table)) {
+      add(column.name, column.type, column.default_text);
+    }
+  } else {
+    for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + table + ")"); !rs->Eof();
+         rs->MoveNext()) {
+      const host::Variant& declared = rs->Fields("dflt_value");
+      add(host::FieldConverter::ToText(rs->Fields("name")),
+          host::FieldConverter::ToText(rs->Fields("type")),
+          declared.IsNull() || declared.IsEmpty()
+              ? std::nullopt
+              : std::optional<std::string>(host::FieldConverter::ToText(declared)));
+    }
   }
   return tables_.emplace(table, std::move(info)).first->second;
 }

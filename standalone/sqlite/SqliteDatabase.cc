@@ -9,13 +9,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "connector/host/Conversions.h"
 #include "connector/host/Error.h"
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Text.h"
-#include "standalone/sqlite/SqlDialect.h"
-#include "standalone/sqlite/SqlTokens.h"
+#include "standalone/sql/SqlDialect.h"
+#include "standalone/sql/SqlTokens.h"
 #include "standalone/sqlite/SqliteSchema.h"
 
 namespace standalone {
@@ -530,6 +531,24 @@ void SqliteDatabase::ShareWithTheTill() {
   // program loses nothing; a power cut may lose the last commits.
   Execute("PRAGMA journal_mode=WAL");
   Execute("PRAGMA synchronous=NORMAL");
+}
+
+int SqliteDatabase::SchemaVersion() {
+  return static_cast<int>(
+      host::FieldConverter::ToNumber(OpenRecordset("PRAGMA user_version")->Fields(0)));
+}
+
+void SqliteDatabase::SetSchemaVersion(int version) {
+  ExecuteScript("PRAGMA user_version = " + std::to_string(version));
+}
+
+int SqliteDatabase::TableCount() {
+  return static_cast<int>(host::FieldConverter::ToNumber(
+      OpenRecordset("SELECT COUNT(*) FROM sqlite_master WHERE type='table'")->Fields(0)));
+}
+
+std::string SqliteDatabase::HomeFolder() const {
+  return std::filesystem::absolute(path_).parent_path().string();
 }
 
 void SqliteDatabase::ExecuteScript(std::string_view sqlite_sql) {

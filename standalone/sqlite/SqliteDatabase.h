@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "connector/host/DatabaseService.h"
+#include "standalone/PosEngine.h"
 #include "standalone/StatementTexts.h"
 #include "standalone/sqlite/RowChanges.h"
 #include "standalone/sqlite/SqliteSqlFormat.h"
@@ -32,7 +33,7 @@ namespace standalone {
 // take their kind from the column's declared type: DATETIME reads as a
 // date, BIT as a truth value, SMALLINT as a 16-bit integer, INTEGER as a
 // 32-bit integer, BIGINT/FLOAT/MONEY as a double, text as text.
-class SqliteDatabase : public host::DatabaseService {
+class SqliteDatabase : public PosEngine {
  public:
   enum class OpenMode {
     kCreateIfMissing,  // a missing file becomes a new, empty database
@@ -87,10 +88,16 @@ class SqliteDatabase : public host::DatabaseService {
 
   // Runs SQLite statements as they stand (no translation), one after the
   // other: the host's own DDL.
-  void ExecuteScript(std::string_view sqlite_sql);
+  void ExecuteScript(std::string_view sqlite_sql) override;
+  // Kept in PRAGMA user_version.
+  int SchemaVersion() override;
+  void SetSchemaVersion(int version) override;
+  int TableCount() override;
+  std::string Name() const override { return path_; }
+  std::string HomeFolder() const override;
 
   const std::string& Path() const { return path_; }
-  bool InTransaction() const { return transaction_depth_ > 0; }
+  bool InTransaction() const override { return transaction_depth_ > 0; }
   const Statistics& Stats() const { return stats_; }
   // Called with the caller's text of every statement before it runs, and
   // with "BEGIN" and "COMMIT" before a transaction begins and commits. An

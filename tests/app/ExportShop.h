@@ -19,6 +19,7 @@
 #include "standalone/sqlite/SqliteDatabase.h"
 #include "tests/app/ProgramRunner.h"
 #include "tests/app/ReportSchema.h"
+#include "tests/support/PosUnderTest.h"
 #include "tests/support/TestHost.h"
 
 namespace testsupport {
@@ -35,18 +36,22 @@ class ExportShop {
     std::ofstream(folder_.File("settings.xml")) << settings_xml;
     EXPECT_EQ(Lumaro({"settings", "load", "settings.xml"}).exit_code, 0);
     ::mkdir(Exchange().c_str(), 0755);
-    auto db = standalone::SqliteDatabase::Open(Database(),
-                                               standalone::SqliteDatabase::OpenMode::kExisting);
-    db->ExecuteScript(ReadBytes(kExportData + "/pos-seed.sql"));
+    Open()->ExecuteScript(ReadBytes(kExportData + "/pos-seed.sql"));
   }
 
   ProgramResult Lumaro(std::vector<std::string> args, const std::string& now = kExportNow) {
     args.insert(args.begin(), {"--now", now});
+    std::vector<std::string> database = pos_.Args();
+    args.insert(args.begin(), database.begin(), database.end());
     return RunLumaro(folder_.Path(), args);
   }
+  // A new connection to the shop's POS database.
+  std::unique_ptr<standalone::PosEngine> Open() const { return pos_.Open(); }
   // A run with --report (see RunReported).
   ReportedRun Reported(std::vector<std::string> args) {
     args.insert(args.begin(), {"--now", kExportNow});
+    std::vector<std::string> database = pos_.Args();
+    args.insert(args.begin(), database.begin(), database.end());
     return RunReported(folder_.Path(), args);
   }
 
@@ -71,6 +76,7 @@ class ExportShop {
 
  private:
   TempFolder folder_;
+  PosUnderTest pos_{folder_.File("vendara.db")};
 };
 
 }  // namespace testsupport

@@ -19,6 +19,7 @@
 
 #include "standalone/sqlite/SqliteDatabase.h"
 #include "tests/app/ProgramRunner.h"
+#include "tests/support/PosUnderTest.h"
 #include "tests/support/TestHost.h"
 
 namespace importshop {
@@ -119,7 +120,8 @@ class ImportShop {
   }
 
   testsupport::ProgramResult Lumaro(std::vector<std::string> args) {
-    args.insert(args.begin(), {"--db", "pos.db"});
+    std::vector<std::string> database = pos_.Args();
+    args.insert(args.begin(), database.begin(), database.end());
     return RunLumaro(folder_.Path(), args);
   }
   testsupport::ProgramResult Import(const std::string& now = kNow,
@@ -168,11 +170,9 @@ class ImportShop {
   }
 
  private:
-  std::unique_ptr<standalone::SqliteDatabase> Open() {
-    return standalone::SqliteDatabase::Open(folder_.File("pos.db"),
-                                            standalone::SqliteDatabase::OpenMode::kExisting);
-  }
+  std::unique_ptr<standalone::PosEngine> Open() { return pos_.Open(); }
   testsupport::TempFolder folder_;
+  testsupport::PosUnderTest pos_{folder_.File("pos.db")};
 };
 
 }  // namespace importshop

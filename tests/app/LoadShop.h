@@ -19,6 +19,7 @@
 #include "connector/host/FieldConverter.h"
 #include "standalone/sqlite/SqliteDatabase.h"
 #include "tests/app/ProgramRunner.h"
+#include "tests/support/PosUnderTest.h"
 #include "tests/support/TestHost.h"
 
 namespace loadshop {
@@ -53,17 +54,19 @@ class Shop {
 
   testsupport::ProgramResult Lumaro(std::vector<std::string> args) {
     args.insert(args.begin(), {"--workstation", "1", "--now", kNow});
+    std::vector<std::string> database = pos_.Args();
+    args.insert(args.begin(), database.begin(), database.end());
     return testsupport::RunLumaro(folder_.Path(), args);
   }
   testsupport::ProgramResult Load() { return Lumaro({"initial-load"}); }
 
-  void Pos(const std::string& sql) { Open(Database())->ExecuteScript(sql); }
+  void Pos(const std::string& sql) { pos_.Open()->ExecuteScript(sql); }
   void BackOffice(const std::string& sql) {
     Open(folder_.File("bo/EMP012026Lumaro.db"))->ExecuteScript(sql);
   }
   // Each row of a query, its columns as text joined by "|", one row a line.
   std::string Lines(const std::string& sql) {
-    auto db = Open(Database());
+    auto db = pos_.Open();
     std::string lines;
     for (auto rs = db->OpenRecordset(sql); !rs->Eof(); rs->MoveNext()) {
       for (int i = 0; i < rs->FieldCount(); ++i) {
@@ -74,7 +77,7 @@ class Shop {
     return lines;
   }
   double Number(const std::string& sql) {
-    auto db = Open(Database());
+    auto db = pos_.Open();
     auto rs = db->OpenRecordset(sql);
     return rs->Eof() ? -1 : host::FieldConverter::ToNumber(rs->Fields(0));
   }
@@ -99,6 +102,7 @@ class Shop {
     return standalone::SqliteDatabase::Open(path, standalone::SqliteDatabase::OpenMode::kExisting);
   }
   testsupport::TempFolder folder_;
+  testsupport::PosUnderTest pos_{folder_.File("vendara.db")};
 };
 
 }  // namespace loadshop

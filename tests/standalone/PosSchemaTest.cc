@@ -100,7 +100,7 @@ TEST(PosSchemaUpgrade, AnOlderDatabaseIsUpgradedWithItsRows) {
         "INSERT INTO AppUsers (AppUserID, AppUserKey, AppUserName) VALUES (7, 'EVA', 'Eva')");
   }
   auto db = OpenPosDatabase(path);
-  EXPECT_EQ(PosSchemaVersionOf(*db), kPosSchemaVersion);
+  EXPECT_EQ(db->SchemaVersion(), kPosSchemaVersion);
   EXPECT_EQ(testsupport::Rows(*db, kColumns), fresh_layout);
   EXPECT_EQ(testsupport::Rows(*db,
                               "SELECT AppUserName || '/' || Active FROM AppUsers "

@@ -5,7 +5,7 @@
 
 #include "connector/host/Date.h"
 #include "connector/host/SqlStatement.h"
-#include "standalone/sqlite/SqlDialect.h"
+#include "standalone/sql/SqlDialect.h"
 #include "tests/standalone/ScratchDatabase.h"
 
 namespace standalone {
@@ -246,6 +246,38 @@ TEST_F(SqlDialect, GetDateFollowsTheHostClock) {
   db_->OpenRecordset("INSERT INTO Stamp (At) VALUES (GetDate())");
   EXPECT_EQ(Rows("SELECT At FROM Stamp ORDER BY At"), "23-11-2026 14:05:07,02-01-2027 03:04:05");
   EXPECT_EQ(Rows("SELECT COUNT(*) FROM Stamp WHERE At < GetDate()"), "1");
+}
+
+// PostgreSQL's text is checked as text: the server itself runs it in the
+// end-to-end tests on PostgreSQL.
+TEST(PostgresDialect, NamesFunctionsTopAndJoinedDeletesTakeItsForms) {
+  const std::string now = "2026-11-23 14:05:07";
+  EXPECT_EQ(TranslateToPostgres("SELECT TOP 1 [CustomerKey] FROM dbo.[Customer] WHERE "
+                                "Len(Name) > 2 AND left(Name, 1) = '[x]' AND At < GetDate ( )",
+                                now),
+            "SELECT \"customerkey\" FROM \"customer\" WHERE length(Name) > 2 AND left(Name, 1) = "
+            "'[x]' AND At < CAST('2026-11-23 14:05:07' AS TIMESTAMP) ORDER BY ctid LIMIT 1");
+  EXPECT_EQ(TranslateToPostgres("DELETE A.* FROM A INNER JOIN B ON A.K=B.K WHERE B.X = ''", now),
+            "DELETE FROM A WHERE ctid IN (SELECT A.ctid FROM A INNER JOIN B ON A.K=B.K WHERE "
+            "B.X = '')");
+  EXPECT_EQ(TranslateToPostgres("TRUNCATE TABLE [Bank]", now), "TRUNCATE TABLE \"bank\"");
+}
+
+TEST(PostgresDialect, TheHostsDdlTakesTypesThatHoldWhatSqlitesHold) {
+  EXPECT_EQ(HostStatementForPostgres("CREATE TABLE [T] (A INTEGER NOT NULL PRIMARY KEY, B BIT, "
+                                     "C DATETIME, D FLOAT, E MONEY, F BIGINT, G IMAGE, "
+                                     "H VARCHAR(5) DEFAULT 'BIT')",
+                                     ""),
+            "CREATE TABLE \"t\" (A BIGINT NOT NULL PRIMARY KEY, B SMALLINT, C TIMESTAMP(0), "
+            "D DOUBLE PRECISION, E DOUBLE PRECISION, F NUMERIC(19), G BYTEA, H VARCHAR(5) "
+            "DEFAULT 'BIT')");
+  // Data statements of a script go through the connector's translation.
+  EXPECT_EQ(HostStatementForPostgres("INSERT INTO [T] (B) VALUES (1)", ""),
+            "INSERT INTO \"t\" (B) VALUES (1)");
+  EXPECT_EQ(SplitScript("CREATE TABLE A (X VARCHAR(3) DEFAULT ';');\n -- done;\nINSERT INTO A "
+                        "VALUES ('a;b');  "),
+            (std::vector<std::string>{"CREATE TABLE A (X VARCHAR(3) DEFAULT ';')",
+                                      "\n -- done;\nINSERT INTO A VALUES ('a;b')"}));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "connector/host/UIManager.h"
 #include "standalone/PortugueseCatalogue.h"
 #include "standalone/StandaloneHost.h"
+#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace testsupport {
 
@@ -79,7 +80,10 @@ class TestHost {
   ~TestHost();
 
   standalone::StandaloneHost& Host() { return *host_; }
-  standalone::SqliteDatabase& Db() { return host_->Database(); }
+  // The host's database, which is always a SQLite file here.
+  standalone::SqliteDatabase& Db() {
+    return static_cast<standalone::SqliteDatabase&>(host_->Database());
+  }
   RecordingUI& UI() { return *ui_; }
   const TempFolder& Folder() const { return folder_; }
   // Runs SQLite statements as they stand.

@@ -1,5 +1,5 @@
-#ifndef LUMARO_STANDALONE_SQLITE_SQL_DIALECT_H_
-#define LUMARO_STANDALONE_SQLITE_SQL_DIALECT_H_
+#ifndef LUMARO_STANDALONE_SQL_SQL_DIALECT_H_
+#define LUMARO_STANDALONE_SQL_SQL_DIALECT_H_
 
 #include <cstdint>
 #include <string>
@@ -23,6 +23,32 @@ namespace standalone {
 // [brackets], substring and Cast(… AS Float) SQLite takes as they are.
 std::string TranslateToSqlite(std::string_view sql);
 
+// Turns the connector's dialect into PostgreSQL's, as TranslateToSqlite
+// does, except:
+//   [Name] and "Name"             -> "name"  (the host's tables are made with
+//                                    unquoted names, which PostgreSQL folds)
+//   left(                         -> left(   (PostgreSQL has it)
+//   GetDate()                     -> CAST('<now>' AS TIMESTAMP), `now` being
+//                                    the host's clock in its stored form
+//   rowid                         -> ctid, in the joined deletes too
+//   TRUNCATE TABLE T              -> (kept)
+std::string TranslateToPostgres(std::string_view sql, std::string_view now);
+
+// The host's own DDL, written for SQLite, as PostgreSQL takes it: INTEGER
+// becomes BIGINT (SQLite's integers hold 64 bits), BIGINT NUMERIC(19),
+// DATETIME TIMESTAMP(0), BIT SMALLINT (truth values are kept as 1 and 0),
+// FLOAT and MONEY DOUBLE PRECISION, BLOB and IMAGE BYTEA. Other statements of the
+// host's scripts (its factory data) go through TranslateToPostgres.
+std::string HostStatementForPostgres(std::string_view sqlite_sql, std::string_view now);
+
+// Whether a statement reads or writes rows (SELECT, INSERT, UPDATE, DELETE,
+// WITH) rather than, say, changing the schema.
+bool IsDataStatement(std::string_view sql);
+
+// The statements of a script, split at each ";" outside literals and
+// comments; blank statements are left out.
+std::vector<std::string> SplitScript(std::string_view script);
+
 // A statement with its literal values taken out as parameters, so that the
 // statements a run builds by concatenation, which differ only in their
 // values, share one prepared statement.
@@ -44,4 +70,4 @@ ParameterizedSql PrepareForSqlite(std::string_view sql);
 
 }  // namespace standalone
 
-#endif  // LUMARO_STANDALONE_SQLITE_SQL_DIALECT_H_
+#endif  // LUMARO_STANDALONE_SQL_SQL_DIALECT_H_

@@ -1,5 +1,5 @@
-#ifndef LUMARO_STANDALONE_SQLITE_SQL_TOKENS_H_
-#define LUMARO_STANDALONE_SQLITE_SQL_TOKENS_H_
+#ifndef LUMARO_STANDALONE_SQL_SQL_TOKENS_H_
+#define LUMARO_STANDALONE_SQL_SQL_TOKENS_H_
 
 #include <string>
 #include <string_view>
@@ -49,4 +49,4 @@ std::string_view IdentifierName(SqlToken::Kind kind, std::string_view text);
 
 }  // namespace standalone
 
-#endif  // LUMARO_STANDALONE_SQLITE_SQL_TOKENS_H_
+#endif  // LUMARO_STANDALONE_SQL_SQL_TOKENS_H_

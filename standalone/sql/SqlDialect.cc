@@ -1,11 +1,11 @@
-#include "standalone/sqlite/SqlDialect.h"
+#include "standalone/sql/SqlDialect.h"
 
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
 
-#include "standalone/sqlite/SqlTokens.h"
+#include "standalone/sql/SqlTokens.h"
 
 namespace standalone {
 namespace {
@@ -31,8 +31,25 @@ bool SymbolFollows(const Tokens& tokens, size_t i, std::string_view symbol) {
 
 SqlToken Word(std::string text) { return SqlToken{Kind::kWord, std::move(text)}; }
 
-// dbo. prefixes, and the functions SQLite lacks or names otherwise.
-void RenameFunctions(Tokens& tokens) {
+// What a target database names otherwise than the connector's dialect.
+struct Target {
+  bool postgres = false;
+  std::string_view row_id;  // the column that names a row: rowid, ctid
+  std::string_view now;     // PostgreSQL: the host's clock in its stored form
+};
+
+// A [Name] or "Name" as PostgreSQL reads the host's names: the host's
+// tables and columns are made with unquoted names, which it folds to lower
+// case; a quoted name keeps its quotes, so that a reserved word stays a name.
+SqlToken PostgresIdentifier(const SqlToken& token) {
+  std::string name = IdentifierName(token);
+  for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return SqlToken{Kind::kIdentifier, "\"" + name + "\""};
+}
+
+// dbo. prefixes, the functions the target lacks or names otherwise, and
+// (PostgreSQL) quoted names and the row id.
+void RenameFunctions(Tokens& tokens, const Target& target) {
   Tokens out;
   out.reserve(tokens.size());
   for (size_t i = 0; i < tokens.size(); ++i) {
@@ -48,14 +65,32 @@ void RenameFunctions(Tokens& tokens) {
         out.push_back(Word("length"));
         continue;
       }
-      if (token.IsWord("left")) {
+      if (token.IsWord("left") && !target.postgres) {
         out.push_back(Word("lumaro_left"));
         continue;
       }
       if (token.IsWord("GetDate")) {
-        out.push_back(Word("lumaro_now"));
-        continue;
+        if (!target.postgres) {
+          out.push_back(Word("lumaro_now"));
+          continue;
+        }
+        // The host's clock as a literal: "GetDate ( )" becomes one value.
+        size_t open = NextSignificant(tokens, i + 1);
+        size_t close = NextSignificant(tokens, open + 1);
+        if (close < tokens.size() && tokens[close].IsSymbol(")")) {
+          out.push_back(Word("CAST('" + std::string(target.now) + "' AS TIMESTAMP)"));
+          i = close;
+          continue;
+        }
       }
+    }
+    if (target.postgres && token.kind == Kind::kIdentifier) {
+      out.push_back(PostgresIdentifier(token));
+      continue;
+    }
+    if (target.postgres && token.IsWord("rowid")) {
+      out.push_back(Word(std::string(target.row_id)));
+      continue;
     }
     out.push_back(token);
   }
@@ -71,16 +106,18 @@ Tokens TrimStatement(Tokens tokens) {
   return Tokens(tokens.begin() + static_cast<long>(first), tokens.end());
 }
 
-// "DELETE FROM <table> WHERE rowid IN (SELECT <target>.rowid FROM <from>)".
+// "DELETE FROM <table> WHERE rowid IN (SELECT <target>.rowid FROM <from>)",
+// with the target's row id.
 std::string DeleteThroughRowids(const std::string& table, const std::string& target,
-                                const Tokens& from_clause) {
-  return "DELETE FROM " + table + " WHERE rowid IN (SELECT " + target + ".rowid FROM " +
+                                const Tokens& from_clause, std::string_view row_id) {
+  std::string id(row_id);
+  return "DELETE FROM " + table + " WHERE " + id + " IN (SELECT " + target + "." + id + " FROM " +
          JoinTokens(from_clause) + ")";
 }
 
 // The two SQL Server forms of a delete across a join. Returns nothing when
 // the statement is neither.
-std::optional<std::string> TranslateJoinedDelete(const Tokens& all) {
+std::optional<std::string> TranslateJoinedDelete(const Tokens& all, std::string_view row_id) {
   Tokens tokens = TrimStatement(all);
   if (tokens.empty() || !tokens[0].IsWord("DELETE")) return std::nullopt;
   size_t i = NextSignificant(tokens, 1);
@@ -94,7 +131,7 @@ std::optional<std::string> TranslateJoinedDelete(const Tokens& all) {
     if (second_from >= tokens.size() || !tokens[second_from].IsWord("FROM")) return std::nullopt;
     Tokens rest(tokens.begin() + static_cast<long>(NextSignificant(tokens, second_from + 1)),
                 tokens.end());
-    return DeleteThroughRowids(tokens[table_at].text, tokens[table_at].text, rest);
+    return DeleteThroughRowids(tokens[table_at].text, tokens[table_at].text, rest, row_id);
   }
 
   // DELETE T.* FROM ... or DELETE T FROM ...: T is a table or an alias.
@@ -131,7 +168,7 @@ std::optional<std::string> TranslateJoinedDelete(const Tokens& all) {
       }
     }
   }
-  return DeleteThroughRowids(table, target.text, rest);
+  return DeleteThroughRowids(table, target.text, rest, row_id);
 }
 
 std::optional<std::string> TranslateTruncate(const Tokens& all) {
@@ -169,7 +206,7 @@ bool ReadsOneTableUnordered(const Tokens& tokens, size_t from, size_t end) {
 // ORDER BY takes the table's first rows in the order of its key, as a server
 // reads a table by its clustered key: the host's first record is the one of
 // the lowest id, not the first of whatever index the planner chose.
-void TranslateTop(Tokens& tokens) {
+void TranslateTop(Tokens& tokens, std::string_view row_id) {
   for (size_t i = 0; i < tokens.size(); ++i) {
     if (!tokens[i].IsWord("SELECT")) continue;
     size_t j = NextSignificant(tokens, i + 1);
@@ -209,7 +246,9 @@ void TranslateTop(Tokens& tokens) {
     // Keep trailing blanks after the LIMIT.
     size_t insert_at = end;
     while (insert_at > j && tokens[insert_at - 1].IsBlank()) --insert_at;
-    std::string order = !distinct && ReadsOneTableUnordered(tokens, j, end) ? " ORDER BY rowid" : "";
+    std::string order = !distinct && ReadsOneTableUnordered(tokens, j, end)
+                            ? " ORDER BY " + std::string(row_id)
+                            : "";
     tokens.insert(tokens.begin() + static_cast<long>(insert_at),
                   SqlToken{Kind::kBlank, order + " LIMIT " + count});
   }
@@ -244,13 +283,93 @@ ParameterizedSql::Value NumberValue(const std::string& text) {
 
 }  // namespace
 
-std::string TranslateToSqlite(std::string_view sql) {
+namespace {
+
+std::string Translate(std::string_view sql, const Target& target) {
   Tokens tokens = TokenizeSql(sql);
-  RenameFunctions(tokens);
-  if (auto text = TranslateTruncate(tokens)) return *text;
-  TranslateTop(tokens);
-  if (auto text = TranslateJoinedDelete(tokens)) return *text;
+  RenameFunctions(tokens, target);
+  // PostgreSQL truncates as SQL Server does.
+  if (!target.postgres) {
+    if (auto text = TranslateTruncate(tokens)) return *text;
+  }
+  TranslateTop(tokens, target.row_id);
+  if (auto text = TranslateJoinedDelete(tokens, target.row_id)) return *text;
   return JoinTokens(tokens);
+}
+
+}  // namespace
+
+std::string TranslateToSqlite(std::string_view sql) {
+  return Translate(sql, Target{false, "rowid", {}});
+}
+
+std::string TranslateToPostgres(std::string_view sql, std::string_view now) {
+  return Translate(sql, Target{true, "ctid", now});
+}
+
+std::string HostStatementForPostgres(std::string_view sqlite_sql, std::string_view now) {
+  Tokens tokens = TokenizeSql(sqlite_sql);
+  size_t first = NextSignificant(tokens, 0);
+  bool ddl =
+      first < tokens.size() && (tokens[first].IsWord("CREATE") || tokens[first].IsWord("ALTER"));
+  if (!ddl) return TranslateToPostgres(sqlite_sql, now);
+  // An INTEGER of SQLite holds 64 bits (party ids pass 2^31); a BIGINT of
+  // the host reads as a double, which NUMERIC does too.
+  static constexpr std::pair<std::string_view, std::string_view> kTypes[] = {
+      {"INTEGER", "BIGINT"},
+      {"BIGINT", "NUMERIC(19)"},
+      {"DATETIME", "TIMESTAMP(0)"},
+      {"BIT", "SMALLINT"},
+      {"FLOAT", "DOUBLE PRECISION"},
+      {"MONEY", "DOUBLE PRECISION"},
+      {"BLOB", "BYTEA"},
+      {"IMAGE", "BYTEA"},
+  };
+  for (SqlToken& token : tokens) {
+    if (token.kind == Kind::kIdentifier) token = PostgresIdentifier(token);
+    if (token.kind != Kind::kWord) continue;
+    for (const auto& [sqlite_type, postgres_type] : kTypes) {
+      if (token.IsWord(sqlite_type)) {
+        token.text = postgres_type;
+        break;  // a type is mapped once: INTEGER's BIGINT is no host BIGINT
+      }
+    }
+  }
+  return JoinTokens(tokens);
+}
+
+bool IsDataStatement(std::string_view sql) {
+  SqlToken::Kind kind;
+  for (size_t at = 0, end; at < sql.size(); at = end) {
+    end = NextToken(sql, at, kind);
+    if (kind == Kind::kBlank) continue;
+    std::string_view text = sql.substr(at, end - at);
+    return kind == Kind::kWord &&
+           (SameWord(text, "SELECT") || SameWord(text, "INSERT") || SameWord(text, "UPDATE") ||
+            SameWord(text, "DELETE") || SameWord(text, "WITH"));
+  }
+  return false;
+}
+
+std::vector<std::string> SplitScript(std::string_view script) {
+  std::vector<std::string> statements;
+  std::string current;
+  bool significant = false;
+  SqlToken::Kind kind;
+  for (size_t at = 0, end; at < script.size(); at = end) {
+    end = NextToken(script, at, kind);
+    std::string_view text = script.substr(at, end - at);
+    if (kind == Kind::kSymbol && text == ";") {
+      if (significant) statements.push_back(std::move(current));
+      current.clear();
+      significant = false;
+      continue;
+    }
+    if (kind != Kind::kBlank) significant = true;
+    current.append(text);
+  }
+  if (significant) statements.push_back(std::move(current));
+  return statements;
 }
 
 namespace {

@@ -1,4 +1,4 @@
-#include "standalone/sqlite/SqlTokens.h"
+#include "standalone/sql/SqlTokens.h"
 
 namespace standalone {
 namespace {
