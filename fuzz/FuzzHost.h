@@ -16,6 +16,7 @@
 #include "connector/host/UIManager.h"
 #include "standalone/PortugueseCatalogue.h"
 #include "standalone/StandaloneHost.h"
+#include "standalone/sqlite/SqliteDatabase.h"
 
 namespace fuzzsupport {
 
@@ -75,7 +76,10 @@ class FuzzHost {
   FuzzHost& operator=(const FuzzHost&) = delete;
 
   standalone::StandaloneHost& Host() { return *host_; }
-  standalone::SqliteDatabase& Db() { return host_->Database(); }
+  // The host's database, which is always a SQLite file here.
+  standalone::SqliteDatabase& Db() {
+    return static_cast<standalone::SqliteDatabase&>(host_->Database());
+  }
   const ScratchFolder& Folder() const { return folder_; }
 
   // Rolls back every open transaction level; true when one was open.
