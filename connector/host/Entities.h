@@ -136,13 +136,9 @@ struct Party {
   std::vector<BankAccount> BankAccounts;
 };
 
-// A customer with its main address (the party address of AddressID). Its
-// party id is its CustomerID.
-struct Customer {
-  double CustomerID = 0;
-  // The back office's number; "Exported" from the moment the export sent a
-  // customer made at the till until the back office sends it back.
-  std::string CustomerKey;
+// What a customer and a supplier both are: a trading partner with its name,
+// its main address, its contacts and its terms.
+struct TradingPartner {
   std::string OrganizationName;
   double AddressID = 0;
   std::string AddressLine1;
@@ -157,14 +153,30 @@ struct Customer {
   std::string Fax;
   std::string FederalTaxID;
   double ZoneID = 0;
-  double CustomerLevel = 0;  // the customer group
-  int16_t PriceLineID = 0;
-  double SalesmanID = 0;
-  double CarrierID = 0;
   double PaymentID = 0;
   double TenderID = 0;
   int16_t TaxRegime = 0;
   double DirectDiscount = 0;
+  bool AplyRetentionTax = false;
+  double RetentionTax = 0;
+  bool Inactive = false;
+  std::string Comments;
+  std::optional<Date> CreationDate;  // empty: NULL
+  // Its further addresses and contacts; none leaves those it has.
+  std::optional<host::Party> Party;
+};
+
+// A customer with its main address (the party address of AddressID). Its
+// party id is its CustomerID.
+struct Customer : TradingPartner {
+  double CustomerID = 0;
+  // The back office's number; "Exported" from the moment the export sent a
+  // customer made at the till until the back office sends it back.
+  std::string CustomerKey;
+  double CustomerLevel = 0;  // the customer group
+  int16_t PriceLineID = 0;
+  double SalesmanID = 0;
+  double CarrierID = 0;
   double SecondDiscount = 0;
   int16_t CreditLimitType = 0;
   double CreditLimitAmount = 0;
@@ -172,46 +184,15 @@ struct Customer {
   std::string CreditCurrencyID;
   double CreditCurrencyExchange = 1;
   double CreditCurrencyFactor = 1;
-  bool AplyRetentionTax = false;
-  double RetentionTax = 0;
-  bool Inactive = false;
-  std::string Comments;
   std::string PresetText;
-  std::optional<Date> CreationDate;  // empty: NULL
-  // Its further addresses and contacts; none leaves those it has.
-  std::optional<host::Party> Party;
 };
 
 // A supplier with its main address (AddressID 0 of its party). Its party is
 // of kind 1, with the PartyID that SystemManager.PartyIDBase gives its
 // SupplierID.
-struct Supplier {
+struct Supplier : TradingPartner {
   double SupplierID = 0;
   std::string SupplierKey;
-  std::string OrganizationName;
-  double AddressID = 0;
-  std::string AddressLine1;
-  std::string AddressLine2;
-  std::string PostalCode;
-  std::string CountryID;
-  std::string ProvinceID;
-  double LocalityID = 0;
-  std::string CurrencyID;
-  std::string EmailAddress;
-  std::string Telephone1;
-  std::string Fax;
-  std::string FederalTaxID;
-  double ZoneID = 0;
-  double PaymentID = 0;
-  double TenderID = 0;
-  int16_t TaxRegime = 0;
-  double DirectDiscount = 0;
-  bool AplyRetentionTax = false;
-  double RetentionTax = 0;
-  bool Inactive = false;
-  std::string Comments;
-  std::optional<Date> CreationDate;  // empty: NULL
-  std::optional<host::Party> Party;
 };
 
 // A bank; its accounts are those of its party (kind 3).

@@ -50,6 +50,17 @@ host::SqlStatement OnTable(const char* table) {
   return statement;
 }
 
+// A row of `table` that the party `party_id` holds: its PartyID, then the
+// entity's columns.
+template <typename Entity>
+host::SqlStatement HeldRow(const char* table, double party_id, const EntityColumns<Entity>& columns,
+                           const Entity& entity) {
+  host::SqlStatement row = OnTable(table);
+  row.Number("PartyID", party_id);
+  columns.Write(entity, row);
+  return row;
+}
+
 }  // namespace
 
 void PartyRows::AddPartyIfMissing(double party_id, int16_t party_type,
@@ -102,30 +113,20 @@ void PartyRows::ReplaceCollections(double party_id, double main_address_id,
   }
 
   for (const PartyAddress& address : party.Addresses) {
-    host::SqlStatement row = OnTable("PartyAddress");
-    row.Number("PartyID", party_id);
+    host::SqlStatement row = HeldRow("PartyAddress", party_id, kAddressColumns, address);
     row.Number("AddressID", address.AddressID);
-    kAddressColumns.Write(address, row);
     writer_.Insert(std::move(row));
   }
   for (const Person& person : party.Persons) {
-    host::SqlStatement row = OnTable("Person");
-    row.Number("PartyID", party_id);
-    kPersonColumns.Write(person, row);
-    writer_.Insert(std::move(row));
+    writer_.Insert(HeldRow("Person", party_id, kPersonColumns, person));
     for (const Telephone& telephone : person.Telephones) {
-      host::SqlStatement number = OnTable("Telephone");
-      number.Number("PartyID", party_id);
+      host::SqlStatement number = HeldRow("Telephone", party_id, kTelephoneColumns, telephone);
       number.Number("PersonID", person.PersonID);
-      kTelephoneColumns.Write(telephone, number);
       writer_.Insert(std::move(number));
     }
   }
   for (const BankAccount& account : party.BankAccounts) {
-    host::SqlStatement row = OnTable("PartyBankAccount");
-    row.Number("PartyID", party_id);
-    kBankAccountColumns.Write(account, row);
-    writer_.Insert(std::move(row));
+    writer_.Insert(HeldRow("PartyBankAccount", party_id, kBankAccountColumns, account));
   }
 }
 

@@ -44,10 +44,9 @@ class PartyRows {
   EntityWriter& writer_;
 };
 
-// The main address of a customer or a supplier (an owner with the address
-// members of one), as the party address `party_id`, AddressID.
-template <typename Owner>
-host::PartyAddress MainAddressOf(const Owner& owner, double party_id) {
+// The main address of a customer or a supplier, as the party address
+// `party_id`, AddressID.
+inline host::PartyAddress MainAddressOf(const host::TradingPartner& owner, double party_id) {
   host::PartyAddress address;
   address.PartyID = party_id;
   address.AddressID = owner.AddressID;
