@@ -78,10 +78,14 @@ class Documents : public ::testing::Test {
   std::unique_ptr<host::DocumentService> documents_ = host_.Host().NewDocumentService();
 };
 
-TEST_F(Documents, ASavedDocumentHasItsRowAndEveryRowThatHangsOnIt) {
+TEST_F(Documents, ASavedDocumentHasItsRowsAndASecondSaveReplacesThem) {
+  host::CurrentWorkstation& workstation = host_.Host().Context().CurrentWorkstation();
+  EXPECT_EQ(workstation.Documents().Item("TVD").Description, "Venda a Dinheiro");
   EXPECT_FALSE(documents_->Exists("FT"));
+  EXPECT_EQ(documents_->NextOrder(), 2) << "after the factory's TVD";
   documents_->Save(Invoice());
   EXPECT_TRUE(documents_->Exists("FT"));
+  EXPECT_EQ(documents_->NextOrder(), 6);
   EXPECT_EQ(host_.Scalar("SELECT TransDocumentKey || ':' || TransDocType || ':' || "
                          "DocumentBehavior || ':' || Description || ':' || ShortDescription || "
                          "':' || DocumentOrder || ':' || PriceField || ':' || Active || "
@@ -92,11 +96,19 @@ TEST_F(Documents, ASavedDocumentHasItsRowAndEveryRowThatHangsOnIt) {
                          "WHERE TransDocumentID = 'FT'"),
             "FT1:1:2001:Fatura:FT:5:PVP1:101100:-:F:2:010:+");
   EXPECT_EQ(RowsOf("FT"), "PT:Fatura|A7:1,B0:0|0.1:0,0.5:3|0:Fatura (posto):2001:123|1,2|1,4");
-}
 
-TEST_F(Documents, SavingAgainReplacesItsRowsAndLeavesOthersTheirOwn) {
-  documents_->Save(Invoice());
-  // What the document holds that the save does not write.
+  // The workstation knows it once refreshed.
+  EXPECT_EQ(RaisedNumber([&] { workstation.Documents().Item("FT"); }),
+            host::err::kInvalidProcedureCall)
+      << "the catalogue read before the save";
+  workstation.Refresh();
+  const host::DocumentDefinition& invoice = workstation.Documents().Item("FT");
+  EXPECT_EQ(invoice.Description, "Fatura");
+  EXPECT_EQ(invoice.EntrySign, "-");
+  EXPECT_TRUE(invoice.AsksPayment);
+
+  // Saved again, it replaces its rows and leaves what the save does not
+  // write, and other documents' rows, as they were.
   host_.Exec(
       "UPDATE Documents SET PaymentMode = 1 WHERE TransDocumentID = 'FT';"
       "INSERT INTO DocumentsName (TransDocumentID, LanguageID, Description) VALUES ('FT', 'EN', "
@@ -117,8 +129,7 @@ TEST_F(Documents, SavingAgainReplacesItsRowsAndLeavesOthersTheirOwn) {
   EXPECT_EQ(host_.Scalar("SELECT Description || ':' || UsesPayment || ':' || PaymentMode FROM "
                          "Documents WHERE TransDocumentID = 'FT'"),
             "Fatura Recibo:0:1");
-  EXPECT_EQ(RowsOf("TVD"), "PT:Venda a Dinheiro|A0:1||0:Venda a Dinheiro:1002:133|1|1")
-      << "another document's rows stay";
+  EXPECT_EQ(RowsOf("TVD"), "PT:Venda a Dinheiro|A0:1||0:Venda a Dinheiro:1002:133|1|1");
 }
 
 TEST_F(Documents, ARefusedSaveLeavesTheDocumentAsItWas) {
@@ -138,9 +149,6 @@ TEST_F(Documents, ARefusedSaveLeavesTheDocumentAsItWas) {
 }
 
 TEST_F(Documents, ANewDocumentTakesTheNextOrderAndTheSaleDocumentsFields) {
-  EXPECT_EQ(documents_->NextOrder(), 2) << "after the factory's TVD";
-  documents_->Save(Invoice());
-  EXPECT_EQ(documents_->NextOrder(), 6);
   host_.Exec("DELETE FROM Documents");
   EXPECT_EQ(documents_->NextOrder(), 1);
 
@@ -159,20 +167,6 @@ TEST_F(Documents, ANewDocumentTakesTheNextOrderAndTheSaleDocumentsFields) {
   EXPECT_EQ(listed(), "4:0 12:1 ");
 
   EXPECT_EQ(documents_->BehaviorClass(1002), 1002);
-}
-
-TEST_F(Documents, TheWorkstationKnowsASavedDocumentOnceRefreshed) {
-  host::CurrentWorkstation& workstation = host_.Host().Context().CurrentWorkstation();
-  EXPECT_EQ(workstation.Documents().Item("TVD").Description, "Venda a Dinheiro");
-  documents_->Save(Invoice());
-  EXPECT_EQ(RaisedNumber([&] { workstation.Documents().Item("FT"); }),
-            host::err::kInvalidProcedureCall)
-      << "the catalogue read before the save";
-  workstation.Refresh();
-  const host::DocumentDefinition& invoice = workstation.Documents().Item("FT");
-  EXPECT_EQ(invoice.Description, "Fatura");
-  EXPECT_EQ(invoice.EntrySign, "-");
-  EXPECT_TRUE(invoice.AsksPayment);
 }
 
 }  // namespace

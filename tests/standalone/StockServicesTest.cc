@@ -1,4 +1,4 @@
-// Warehouses and their stock rows, and the stock movements that number
+// The stock rows of a warehouse's items, and the stock movements that number
 // themselves in their series and add their quantities to the stock.
 
 #include <gtest/gtest.h>
@@ -20,16 +20,18 @@ using host::RaisedError;
 using host::RaisedNumber;
 
 // Items A and B control their stock, S does not; warehouse 2 beside the
-// factory's 1.
+// factory's 1; movements dated by the host's clock.
 class Stock : public ::testing::Test {
  protected:
   void SetUp() override {
+    host::SetClockOverride(host::MakeDate(2026, 3, 15, 10, 30));
     host_.Exec(
         "INSERT INTO Item (ItemID, Description, ControlsStock) VALUES ('A', 'Arroz', 1), "
         "('B', 'Bacalhau', 1), ('S', 'Serviço', 0);"
         "INSERT INTO Warehouse (WarehouseID, WarehouseKey, Description) VALUES (2, 'L2', "
         "'Loja');");
   }
+  void TearDown() override { host::SetClockOverride(std::nullopt); }
 
   // Each Stock row as "item/warehouse/colour:physical:available:units".
   std::string StockRows() {
@@ -38,42 +40,6 @@ class Stock : public ::testing::Test {
         "PhysicalQty) || ':' || printf('%g', AvailableQty) || ':' || printf('%g', "
         "PhysicalUnits) || ':' || printf('%g', AvailableUnits) FROM Stock ORDER BY 1");
   }
-
-  testsupport::TestHost host_;
-  std::unique_ptr<host::WarehouseService> warehouses_ = host_.Host().NewWarehouseService();
-};
-
-TEST_F(Stock, WarehousesLoadByIdAndListInOrder) {
-  host_.Exec("INSERT INTO Warehouse (WarehouseID, Description) VALUES (-1, 'Trânsito')");
-  std::shared_ptr<host::Warehouse> shop = warehouses_->Load(2);
-  ASSERT_TRUE(shop);
-  EXPECT_EQ(shop->WarehouseID, 2);
-  EXPECT_EQ(shop->WarehouseKey, "L2");
-  EXPECT_EQ(shop->Description, "Loja");
-  EXPECT_FALSE(warehouses_->Load(9));
-  EXPECT_EQ(warehouses_->GetWarehouses(), (std::vector<int16_t>{-1, 1, 2}));
-}
-
-TEST_F(Stock, ItemsInStockGetARowOnlyWhereTheyHaveNone) {
-  host_.Exec(
-      "INSERT INTO Stock (ItemID, WarehouseID, PhysicalQty, AvailableQty) VALUES ('A', 2, 4, 4);"
-      "INSERT INTO Stock (ItemID, WarehouseID, ColorID, PhysicalQty) VALUES ('B', 2, 3, 1);");
-  warehouses_->InsertItemsInStock(2);
-  warehouses_->InsertItemsInStock(2);  // nothing more to add
-  warehouses_->InsertItemsInStock(9);  // no such warehouse
-  EXPECT_EQ(StockRows(), "A/2/0:4:4:0:0,B/2/0:0:0:0:0,B/2/3:1:0:0:0")
-      << "A keeps its quantities, B's row of a colour is not its plain row, S has none";
-  EXPECT_EQ(host_.Scalar("SELECT COUNT(*) FROM Stock WHERE LotID = '' AND SizeID = 0"), "3");
-}
-
-// A movement dated by the host's clock.
-class StockMovement : public Stock {
- protected:
-  void SetUp() override {
-    Stock::SetUp();
-    host::SetClockOverride(host::MakeDate(2026, 3, 15, 10, 30));
-  }
-  void TearDown() override { host::SetClockOverride(std::nullopt); }
 
   host::StockTransactionDetail Line(int32_t number, const std::string& item, int16_t warehouse,
                                     double quantity) {
@@ -104,18 +70,33 @@ class StockMovement : public Stock {
     movement.Details.push_back(Line(2, "B", 2, 2.5));
   }
 
+  // The movements, their lines, the series' numbers and the stock.
   std::string Written() {
-    return host_.Scalar("SELECT COUNT(*) FROM StockTransaction") + "/" +
+    return StockRows() + "|" + host_.Scalar("SELECT COUNT(*) FROM StockTransaction") + "/" +
            host_.Scalar("SELECT COUNT(*) FROM StockTransactionDetails") + "/" +
            host_.Rows(
                "SELECT TransSerial || TransDocID || TransDocNumber FROM "
                "DocumentsSeriesNumber ORDER BY 1");
   }
 
+  testsupport::TestHost host_;
+  std::unique_ptr<host::WarehouseService> warehouses_ = host_.Host().NewWarehouseService();
   std::unique_ptr<host::StockDocument> stock_ = host_.Host().NewStockDocument();
 };
 
-TEST_F(StockMovement, EachCommitTakesTheNextNumberAndAddsToTheStock) {
+TEST_F(Stock, ItemsInStockGetARowOnlyWhereTheyHaveNone) {
+  host_.Exec(
+      "INSERT INTO Stock (ItemID, WarehouseID, PhysicalQty, AvailableQty) VALUES ('A', 2, 4, 4);"
+      "INSERT INTO Stock (ItemID, WarehouseID, ColorID, PhysicalQty) VALUES ('B', 2, 3, 1);");
+  warehouses_->InsertItemsInStock(2);
+  warehouses_->InsertItemsInStock(2);  // nothing more to add
+  warehouses_->InsertItemsInStock(9);  // no such warehouse
+  EXPECT_EQ(StockRows(), "A/2/0:4:4:0:0,B/2/0:0:0:0:0,B/2/3:1:0:0:0")
+      << "A keeps its quantities, B's row of a colour is not its plain row, S has none";
+  EXPECT_EQ(host_.Scalar("SELECT COUNT(*) FROM Stock WHERE LotID = '' AND SizeID = 0"), "3");
+}
+
+TEST_F(Stock, EachCommitTakesTheNextNumberAndAddsToTheStock) {
   host_.Exec(
       "INSERT INTO Stock (ItemID, WarehouseID, PhysicalQty, AvailableQty, PhysicalUnits, "
       "AvailableUnits) VALUES ('A', 1, 5, 4, 5, 4)");
@@ -156,7 +137,7 @@ TEST_F(StockMovement, EachCommitTakesTheNextNumberAndAddsToTheStock) {
   EXPECT_FALSE(stock_->Transaction().FromWarehouse);
 }
 
-TEST_F(StockMovement, TheNumberFollowsTheLastOfTheSeriesAndDocument) {
+TEST_F(Stock, TheNumberFollowsTheLastOfTheSeriesAndDocument) {
   host_.Exec(
       "INSERT INTO DocumentsSeriesNumber (TransSerial, TransDocID, TransDocNumber) VALUES "
       "('A', 'SI', 41), ('B', 'SI', 7), ('A', 'SE', 9)");
@@ -168,8 +149,8 @@ TEST_F(StockMovement, TheNumberFollowsTheLastOfTheSeriesAndDocument) {
             "ASE9,ASI42,BSI7");
 }
 
-TEST_F(StockMovement, AMovementThatCannotBeWrittenIsRefusedAndWritesNothing) {
-  const std::string before = Written() + "|" + StockRows();
+TEST_F(Stock, AMovementThatCannotBeWrittenIsRefusedWhole) {
+  const std::string before = Written();
   struct Case {
     const char* what;
     void (*spoil)(host::StockTransaction&);
@@ -189,23 +170,22 @@ TEST_F(StockMovement, AMovementThatCannotBeWrittenIsRefusedAndWritesNothing) {
     EXPECT_EQ(RaisedNumber([&] { stock_->Commit(true); }), host::err::kInvalidProcedureCall)
         << c.what;
     EXPECT_EQ(stock_->Transaction().TransDocNumber, 0) << c.what;
-    EXPECT_EQ(Written() + "|" + StockRows(), before) << c.what;
+    EXPECT_EQ(Written(), before) << c.what;
   }
   NewMovement();
   stock_->Transaction().Details[1].ItemID = "Z";
   EXPECT_NE(RaisedError([&] { stock_->Prepare(true); }).Description().find("'Z'"),
             std::string::npos);
-}
 
-TEST_F(StockMovement, ALineTheDatabaseRefusesUndoesTheWholeMovement) {
+  // A line the database refuses, not the check, undoes the whole movement.
   NewMovement();
   stock_->Commit(true);
-  const std::string before = Written() + "|" + StockRows();
+  const std::string committed = Written();
   stock_->Transaction().Details[1].Description = std::string(256, 'x');
-  stock_->Prepare(true);  // the database refuses it, not the check
+  stock_->Prepare(true);
   EXPECT_EQ(RaisedNumber([&] { stock_->Commit(true); }), -2147217833);
   EXPECT_EQ(stock_->Transaction().TransDocNumber, 1) << "as it was";
-  EXPECT_EQ(Written() + "|" + StockRows(), before);
+  EXPECT_EQ(Written(), committed);
   EXPECT_EQ(host_.Scalar("SELECT printf('%g', PhysicalQty) FROM Item WHERE ItemID = 'A'"), "3");
 }
 
