@@ -15,6 +15,7 @@
 #include "bench/floor/Sqlite.h"
 #include "bench/tools/ItemFile.h"
 #include "bench/tools/PosData.h"
+#include "bench/tools/ServerCopy.h"
 
 namespace {
 
@@ -32,6 +33,8 @@ constexpr char kUsage[] =
     "      import FILE into DB with SQLite alone\n"
     "  floor-export DB FILE [--now T] [--code C] [--serial S] [--workstations LIST]\n"
     "      export DB's pending rows into FILE with SQLite alone\n"
+    "  to-server DB CONNECTION\n"
+    "      put DB's rows into the POS database on a server (made by lumaro --odbc init)\n"
     "\n"
     "T is \"YYYY-MM-DD HH:MM:SS\" (default \"2026-11-23 09:00:00\"); S defaults to 1.\n";
 
@@ -121,6 +124,9 @@ int Run(int argc, char** argv) {
     bench::ExportFloorCounts counts = bench::RunExportFloor(
         args[0], args[1], bench::Clock::Parse(args.Text("now", kDefaultNow)), entry);
     std::printf("lines %ld marked %ld\n", counts.lines, counts.marked);
+  } else if (command == "to-server") {
+    Arguments args(argc, argv, 2, {});
+    std::printf("rows %ld\n", bench::CopyToServer(args[0], args[1]));
   } else if (command == "--help" || command == "-h") {
     std::fputs(kUsage, stdout);
   } else {
