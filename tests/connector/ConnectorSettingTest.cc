@@ -14,13 +14,6 @@
 namespace lumaro {
 namespace {
 
-std::vector<std::string> AttributeNames(const pugi::xml_node& node) {
-  std::vector<std::string> names;
-  for (const pugi::xml_attribute& attribute : node.attributes())
-    names.emplace_back(attribute.name());
-  return names;
-}
-
 // A Workstation is {Active, LumaroWorkstationID, WorkstationList,
 // LastExportNumber, TransSerial}.
 
@@ -100,7 +93,10 @@ TEST_F(ConnectorSettingDocument, NewObjectWritesEveryAttributeInOrderWithEmptyVa
       "SQLUserName",         "SQLPassword",        "InitializeAppUser", "InitializeCustomerGroup",
       "InitializeZone",      "InitializeSalesman", "InitializeFamily",  "InitializeFamilyLevel",
       "InitializePriceLine", "InitializeDocument"};
-  EXPECT_EQ(AttributeNames(root), expected);
+  std::vector<std::string> names;
+  for (const pugi::xml_attribute& attribute : root.attributes())
+    names.emplace_back(attribute.name());
+  EXPECT_EQ(names, expected);
   EXPECT_STREQ(root.attribute("TillID").value(), "0");
   EXPECT_STREQ(root.attribute("SQLUserName").value(), "");
   EXPECT_EQ(Crypto().Decrypt(root.attribute("SQLPassword").value()), "");
@@ -200,7 +196,9 @@ TEST_F(ConnectorSettingDocument, NumbersReadWithCommaWhateverTheRegionalSettings
   }
 }
 
-TEST_F(ConnectorSettingDocument, ReadingPastTheEndGrowsTheListAndClearEmptiesIt) {
+// Reading an entry past the end grows the list; a document's list longer
+// than the 16-bit index is cut, and reading it still never fails.
+TEST_F(ConnectorSettingDocument, TheListGrowsWhenReadPastItsEndUpToItsIndexAndClears) {
   LumaroConnectorSetting setting;
   setting.SetWorkstation(1, Workstation{true, "01", "1", 4, "S1"});
   EXPECT_EQ(Fields(setting.Workstation(3)), Fields(Workstation{}));
@@ -209,12 +207,9 @@ TEST_F(ConnectorSettingDocument, ReadingPastTheEndGrowsTheListAndClearEmptiesIt)
                                       Fields(Workstation{}), Fields(Workstation{})}));
   setting.ClearWorkstations();
   EXPECT_EQ(setting.LumaroWorkstationCount(), 0);
-}
 
-TEST_F(ConnectorSettingDocument, AListLongerThanItsIndexIsCutAndReadingStillNeverFails) {
   std::string xml = "<LumaroConnectorSetting><Workstations>";
   for (int i = 0; i < 32768; ++i) xml += "<Workstation Active=\"1\"/>";
-  LumaroConnectorSetting setting;
   setting.FromXML(xml + "</Workstations></LumaroConnectorSetting>");
   EXPECT_EQ(setting.LumaroWorkstationCount(), 32767);
   EXPECT_TRUE(setting.Workstation(32767).Active);

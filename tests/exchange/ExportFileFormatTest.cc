@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "connector/LumaroConnector.h"
@@ -58,8 +60,11 @@ class ExportFileFormat : public testing::Test {
 
   std::string ExportedFile() const { return exchange_folder_ + "/" + kFileName; }
 
-  // The first column of the first row of `sql`, read as a date.
-  host::Date DateOf(const std::string& sql) {
+  // AccountingExportDate of a document of series A, read as a date.
+  host::Date MarkOf(const std::string& table, const std::string& document, int number) {
+    const std::string sql = "SELECT AccountingExportDate FROM " + table +
+                            " WHERE TransSerial='A' AND TransDocument='" + document +
+                            "' AND TransDocNumber=" + std::to_string(number);
     auto rs = test_host_.Db().OpenRecordset(sql);
     EXPECT_FALSE(rs->Eof()) << sql;
     return rs->Eof() ? host::Date{} : host::FieldConverter::ToDate(rs->Fields(0));
@@ -79,7 +84,7 @@ class ExportFileFormat : public testing::Test {
   std::string exchange_folder_;
 };
 
-TEST_F(ExportFileFormat, WritesTheShopDayAsTheBackOfficeReadsIt) {
+TEST_F(ExportFileFormat, WritesTheShopDayAsTheBackOfficeReadsItAndMarksWhatItWrote) {
   connector_.ExportData();
 
   ASSERT_TRUE(testsupport::FileExists(ExportedFile()));
@@ -90,8 +95,8 @@ TEST_F(ExportFileFormat, WritesTheShopDayAsTheBackOfficeReadsIt) {
     std::vector<std::string> got = DecodedLines(written);
     size_t line = 0;
     while (line < want.size() && line < got.size() && want[line] == got[line]) ++line;
-    ADD_FAILURE() << "first difference at line " << line + 1 << "\n  expected: "
-                  << (line < want.size() ? want[line] : "<end of file>")
+    ADD_FAILURE() << "first difference at line " << line + 1
+                  << "\n  expected: " << (line < want.size() ? want[line] : "<end of file>")
                   << "\n  written:  " << (line < got.size() ? got[line] : "<end of file>");
   }
 
@@ -103,71 +108,41 @@ TEST_F(ExportFileFormat, WritesTheShopDayAsTheBackOfficeReadsIt) {
   std::vector<std::pair<int32_t, int32_t>> steps;
   for (const auto& step : notifier_->progress) steps.emplace_back(step.current, step.total);
   const std::vector<std::pair<int32_t, int32_t>> expected_steps = {
-      {1, 3}, {2, 3}, {3, 3}, {4, 6}, {5, 6}, {6, 6},
-      {7, 6}, {8, 6}, {9, 6}, {1, 2}, {2, 2}};
+      {1, 3}, {2, 3}, {3, 3}, {4, 6}, {5, 6}, {6, 6}, {7, 6}, {8, 6}, {9, 6}, {1, 2}, {2, 2}};
   EXPECT_EQ(steps, expected_steps);
   EXPECT_TRUE(test_host_.UI().boxes.empty());
-}
 
-TEST_F(ExportFileFormat, MarksWhatItWroteAndStoresTheNumber) {
-  connector_.ExportData();
-
-  const host::Date today = host::MakeDate(2026, 11, 23);
-  const char* const exported[] = {
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TGT' AND TransDocNumber=1",
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TVD' AND TransDocNumber=1",
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TVD' AND TransDocNumber=2",
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TVD' AND TransDocNumber=3",
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TVD' AND TransDocNumber=4",
-      "SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' AND "
-      "TransDocument='TVD' AND TransDocNumber=10",
-      "SELECT AccountingExportDate FROM TenderTransaction WHERE TransSerial='A' AND "
-      "TransDocument='REC' AND TransDocNumber=1",
-      "SELECT AccountingExportDate FROM TenderTransaction WHERE TransSerial='A' AND "
-      "TransDocument='DEV' AND TransDocNumber=1",
-  };
-  for (const char* sql : exported) EXPECT_EQ(DateOf(sql), today) << sql;
-
+  const std::tuple<const char*, const char*, int> exported[] = {
+      {"SaleTransaction", "TGT", 1},   {"SaleTransaction", "TVD", 1},
+      {"SaleTransaction", "TVD", 2},   {"SaleTransaction", "TVD", 3},
+      {"SaleTransaction", "TVD", 4},   {"SaleTransaction", "TVD", 10},
+      {"TenderTransaction", "REC", 1}, {"TenderTransaction", "DEV", 1}};
+  for (const auto& [table, document, number] : exported) {
+    EXPECT_EQ(MarkOf(table, document, number), host::MakeDate(2026, 11, 23))
+        << table << " " << document << " " << number;
+  }
   // Outside the selection: workstation 3, series B, exported before.
   EXPECT_EQ(test_host_.Scalar("SELECT COUNT(*) FROM SaleTransaction WHERE "
                               "AccountingExportDate IS NULL AND (WorkstationID=3 OR "
                               "TransSerial='B')"),
             "2");
-  EXPECT_EQ(DateOf("SELECT AccountingExportDate FROM SaleTransaction WHERE TransSerial='A' "
-                   "AND TransDocument='TVD' AND TransDocNumber=7"),
-            host::MakeDate(2026, 11, 20));
+  EXPECT_EQ(MarkOf("SaleTransaction", "TVD", 7), host::MakeDate(2026, 11, 20));
   EXPECT_EQ(test_host_.Scalar("SELECT COUNT(*) FROM TenderTransaction WHERE "
                               "AccountingExportDate IS NULL AND WorkstationID=3"),
             "1");
-
-  struct CustomerKey {
-    const char* id;
-    const char* key;
-  };
-  const CustomerKey keys[] = {
-      {"1001", "Exported"}, {"1002", "Exported"}, {"1003", "C0042"}, {"1004", ""}};
-  for (const CustomerKey& c : keys) {
-    EXPECT_EQ(test_host_.Scalar(std::string("SELECT CustomerKey FROM Customer WHERE CustomerID=") +
-                                c.id),
-              c.key)
-        << "customer " << c.id;
+  for (const auto& [id, key] : {std::pair{"1001", "Exported"}, std::pair{"1002", "Exported"},
+                                std::pair{"1003", "C0042"}, std::pair{"1004", ""}}) {
+    EXPECT_EQ(
+        test_host_.Scalar(std::string("SELECT CustomerKey FROM Customer WHERE CustomerID=") + id),
+        key)
+        << "customer " << id;
   }
 
   EXPECT_EQ(StoredEntry(1).LastExportNumber, 42);
   EXPECT_EQ(StoredEntry(2).LastExportNumber, 7);  // inactive: untouched
-
-  auto log = test_host_.Db().OpenRecordset(
-      "SELECT WorkstationID, Filename, ImportDate, FileSize, FileDate FROM LumaroLog");
-  ASSERT_EQ(log->RecordCount(), 1);
-  EXPECT_EQ(host::FieldConverter::ToText(log->Fields("Filename")), kFileName);
-  EXPECT_EQ(host::FieldConverter::ToNumber(log->Fields("WorkstationID")), 1);
-  EXPECT_EQ(host::FieldConverter::ToDate(log->Fields("ImportDate")),
-            host::MakeDate(2026, 11, 23, 9, 30, 0));
+  EXPECT_EQ(test_host_.Rows("SELECT WorkstationID || '|' || Filename || '|' || ImportDate "
+                            "FROM LumaroLog"),
+            std::string("1|") + kFileName + "|2026-11-23 09:30:00");
 }
 
 TEST_F(ExportFileFormat, SecondRunFindsNothingAndKeepsTheNumber) {

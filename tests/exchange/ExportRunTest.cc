@@ -14,37 +14,31 @@ namespace {
 using exportseed::Entry;
 using exportseed::ExportBench;
 using exportseed::kToday;
-using exportseed::Receipt;
-using exportseed::Sale;
 using host::RaisedError;
 
-// Entry 01 has nothing to send: it keeps its number and the next goes on.
-TEST(ExportRun, FileIsNamedByCodeAndPaddedNumberAndLogged) {
-  struct Case {
-    int32_t last;
-    const char* file;
-    const char* number_text;
-  };
-  for (const Case& c :
-       {Case{41, "ETpv 02 0000042.txt", "42"}, Case{9999999, "ETpv 02 10000000.txt", "10000000"}}) {
-    SCOPED_TRACE(c.file);
-    ExportBench bench;
-    bench.Store({{.code = "01", .serial = "B", .last = 5}, {.last = c.last}});
-    bench.AddSale({});
-    bench.connector.ExportData();
+// The first file of entry 02.
+constexpr char kFirst[] = "ETpv 02 0000001.txt";
 
-    EXPECT_EQ(bench.Files(), std::vector<std::string>{c.file});
-    auto header = bench.Records(c.file).at(0);
-    EXPECT_EQ(header.at(6), "02");
-    EXPECT_EQ(header.at(7), c.number_text);
-    EXPECT_EQ(bench.LastNumber(1), 5);
-    EXPECT_EQ(bench.LastNumber(2), c.last + 1);
-    // The export's line in the log: this workstation, the bare name, now.
-    EXPECT_EQ(bench.Scalar("SELECT WorkstationID || '|' || Filename || '|' || ImportDate "
-                           "FROM LumaroLog"),
-              std::string("1|") + c.file + "|2026-03-14 10:00:00");
-    EXPECT_TRUE(bench.test_host.UI().boxes.empty());
-  }
+// The seven-digit name ("ETpv 02 0000042.txt") is the shop day's file; a
+// longer number is not cut. Entry 01 has nothing to send: it keeps its
+// number and the next goes on.
+TEST(ExportRun, FileIsNamedByCodeAndANumberNeverCutAndLogged) {
+  ExportBench bench;
+  bench.Store({{.code = "01", .serial = "B", .last = 5}, {.last = 9999999}});
+  bench.AddSale({});
+  bench.connector.ExportData();
+
+  EXPECT_EQ(bench.Files(), std::vector<std::string>{"ETpv 02 10000000.txt"});
+  auto header = bench.Records("ETpv 02 10000000.txt").at(0);
+  EXPECT_EQ(header.at(6), "02");
+  EXPECT_EQ(header.at(7), "10000000");
+  EXPECT_EQ(bench.LastNumber(1), 5);
+  EXPECT_EQ(bench.LastNumber(2), 10000000);
+  // The export's line in the log: this workstation, the bare name, now.
+  EXPECT_EQ(bench.Scalar("SELECT WorkstationID || '|' || Filename || '|' || ImportDate "
+                         "FROM LumaroLog"),
+            "1|ETpv 02 10000000.txt|2026-03-14 10:00:00");
+  EXPECT_TRUE(bench.test_host.UI().boxes.empty());
 }
 
 TEST(ExportRun, MissingFolderShowsOneBoxForEachActiveEntry) {
@@ -72,10 +66,10 @@ TEST(ExportRun, ReceiptsAloneMakeAFileOfHeaderAndReceipts) {
   bench.AddReceipt({.number = 4});
   bench.connector.ExportData();
 
-  ASSERT_EQ(bench.Files(), std::vector<std::string>{"ETpv 02 0000001.txt"});
-  EXPECT_EQ(bench.Tags("ETpv 02 0000001.txt"), "HF TC TL");
+  ASSERT_EQ(bench.Files(), std::vector<std::string>{kFirst});
+  EXPECT_EQ(bench.Tags(kFirst), "HF TC TL");
   // With no sale, the header has the date of the receipts.
-  EXPECT_EQ(bench.Records("ETpv 02 0000001.txt").at(0).at(8), "10-03-2026 11:00:00");
+  EXPECT_EQ(bench.Records(kFirst).at(0).at(8), "10-03-2026 11:00:00");
   EXPECT_EQ(bench.LastNumber(1), 1);
   EXPECT_EQ(bench.Mark("TenderTransaction", 4), kToday);
 }
@@ -207,10 +201,21 @@ TEST(ExportRun, WithoutNotifierOnlyARunWithSomethingToExportFails) {
   EXPECT_EQ(bench.Mark("SaleTransaction", 1), "");
 }
 
+// A list as long as its 16-bit index goes ends its loop at its last entry.
+TEST(ExportRun, TheLongestListOfPointsReachesItsLastEntry) {
+  ExportBench bench;
+  std::vector<Entry> entries(32766, Entry{.active = false});
+  entries.push_back(Entry{});
+  bench.Store(entries);
+  bench.AddSale({});
+  bench.connector.ExportData();
+
+  EXPECT_EQ(bench.Files(), std::vector<std::string>{kFirst});
+  EXPECT_EQ(bench.LastNumber(32767), 1);
+}
+
 // What an export selects and marks, and so what the next run leaves out,
 // beyond what the shop day's file shows.
-constexpr char kFirst[] = "ETpv 02 0000001.txt";
-
 TEST(ExportSelection, FirstEntrysMarksHideSharedDocumentsFromTheSecond) {
   ExportBench bench;
   bench.Store({{.code = "01", .list = "1,2"}, {.code = "02", .list = "2,3"}});
@@ -250,23 +255,6 @@ TEST(ExportSelection, ReceiptHeadNamesTheTenderOfTheFirstLine) {
   EXPECT_EQ(bench.Tags(kFirst), "HF TC TL TL");
   EXPECT_EQ(bench.Tagged(kFirst, "TC").at(0).at(7), "309");  // till 3, tender 10
   EXPECT_EQ(bench.Mark("TenderTransaction", 1), kToday);
-}
-
-// A list as long as its 16-bit index goes ends its loop at its last entry.
-TEST(ExportRun, TheLongestListOfPointsReachesItsLastEntry) {
-  ExportBench bench;
-  std::string xml = "<LumaroConnectorSetting ImportExportPath=\"" + bench.folder +
-                    "\" SQLCompanyID=\"EMP01\" SQLCompanyYear=\"2026\"><Workstations>";
-  for (int i = 1; i < 32767; ++i) xml += "<Workstation Active=\"0\"/>";
-  xml +=
-      "<Workstation LumaroWorkstationID=\"02\" TransSerial=\"A\" WorkstationList=\"1\" "
-      "Active=\"1\"/></Workstations></LumaroConnectorSetting>";
-  ASSERT_TRUE(bench.connector.LoadDefaults(xml));
-  bench.AddSale({});
-  bench.connector.ExportData();
-
-  EXPECT_EQ(bench.Files(), std::vector<std::string>{kFirst});
-  EXPECT_EQ(bench.LastNumber(32767), 1);
 }
 
 }  // namespace

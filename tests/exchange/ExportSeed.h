@@ -31,6 +31,7 @@ struct Entry {
   std::string serial = "A";
   std::string list = "1";
   int32_t last = 0;
+  bool active = true;
 };
 
 // A cash sale of series `serial`, with `lines` lines (each with its IVA row)
@@ -81,7 +82,7 @@ struct ExportBench {
     for (const Entry& e : entries) {
       xml += "<Workstation LumaroWorkstationID=\"" + e.code + "\" TransSerial=\"" + e.serial +
              "\" WorkstationList=\"" + e.list + "\" LastExportNumber=\"" + std::to_string(e.last) +
-             "\" Active=\"1\"/>";
+             "\" Active=\"" + (e.active ? "1" : "0") + "\"/>";
     }
     ASSERT_TRUE(connector.LoadDefaults(xml + "</Workstations></LumaroConnectorSetting>"));
   }

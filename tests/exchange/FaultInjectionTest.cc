@@ -222,15 +222,11 @@ struct ExportDay : exportseed::ExportBench {
   void ExpectNothingLost() {
     EXPECT_EQ(LastNumber(1), 0);
     std::string file = testsupport::FileExists(PathOf(kFile)) ? FileBytes() : "";
-    for (int sale : {1, 2, 3}) {
-      if (!Mark("SaleTransaction", sale).empty()) {
-        EXPECT_NE(file.find("FC^TVD^02^" + std::to_string(sale) + "^"), std::string::npos) << sale;
-      }
-    }
-    for (int receipt : {7, 8}) {
-      if (!Mark("TenderTransaction", receipt).empty()) {
-        EXPECT_NE(file.find("TC^TRC^02^" + std::to_string(receipt) + "^"), std::string::npos)
-            << receipt;
+    for (int number : {1, 2, 3, 7, 8}) {  // the sales, then the receipts
+      const bool sale = number < 7;
+      if (!Mark(sale ? "SaleTransaction" : "TenderTransaction", number).empty()) {
+        const std::string head = (sale ? "FC^TVD^02^" : "TC^TRC^02^") + std::to_string(number);
+        EXPECT_NE(file.find(head + "^"), std::string::npos) << number;
       }
     }
     if (Scalar("SELECT CustomerKey FROM Customer WHERE CustomerID=1001") == "Exported") {
