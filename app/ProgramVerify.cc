@@ -14,6 +14,12 @@ int Program::VerifyCommand() {
     throw UsageError("usage: lumaro verify [integrity|nulls|relations|indexes]");
   }
   const std::string what = words.size() == 2 ? words[1] : "integrity";
+  if (options_.odbc) {
+    // The checks are SQLite's own (its pragmas); a server keeps its own.
+    err_ << "lumaro: verify checks a SQLite POS database; a server's database is checked "
+            "with the server's own tools\n";
+    return kFailure;
+  }
   LockForRun();
   standalone::StandaloneHost& host = Host();
   AttachedHost attached(host);
