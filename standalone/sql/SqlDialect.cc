@@ -312,7 +312,16 @@ std::string HostStatementForPostgres(std::string_view sqlite_sql, std::string_vi
   size_t first = NextSignificant(tokens, 0);
   bool ddl =
       first < tokens.size() && (tokens[first].IsWord("CREATE") || tokens[first].IsWord("ALTER"));
-  if (!ddl) return TranslateToPostgres(sqlite_sql, now);
+  if (!ddl) {
+    // SQLite's bytes X'89AB' are PostgreSQL's decode('89AB', 'hex').
+    for (size_t i = 0; i + 1 < tokens.size(); ++i) {
+      if (tokens[i].IsWord("X") && tokens[i + 1].kind == Kind::kString) {
+        tokens[i] = Word("decode(" + tokens[i + 1].text + ", 'hex')");
+        tokens.erase(tokens.begin() + static_cast<long>(i) + 1);
+      }
+    }
+    return TranslateToPostgres(JoinTokens(tokens), now);
+  }
   // An INTEGER of SQLite holds 64 bits (party ids pass 2^31); a BIGINT of
   // the host reads as a double, which NUMERIC does too.
   static constexpr std::pair<std::string_view, std::string_view> kTypes[] = {

@@ -38,7 +38,8 @@ std::string TranslateToPostgres(std::string_view sql, std::string_view now);
 // becomes BIGINT (SQLite's integers hold 64 bits), BIGINT NUMERIC(19),
 // DATETIME TIMESTAMP(0), BIT SMALLINT (truth values are kept as 1 and 0),
 // FLOAT and MONEY DOUBLE PRECISION, BLOB and IMAGE BYTEA. Other statements of the
-// host's scripts (its factory data) go through TranslateToPostgres.
+// host's scripts (its factory data, seeds) go through TranslateToPostgres,
+// their bytes X'..' written as decode('..', 'hex').
 std::string HostStatementForPostgres(std::string_view sqlite_sql, std::string_view now);
 
 // Whether a statement reads or writes rows (SELECT, INSERT, UPDATE, DELETE,

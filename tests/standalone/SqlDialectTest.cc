@@ -272,8 +272,8 @@ TEST(PostgresDialect, TheHostsDdlTakesTypesThatHoldWhatSqlitesHold) {
             "D DOUBLE PRECISION, E DOUBLE PRECISION, F NUMERIC(19), G BYTEA, H VARCHAR(5) "
             "DEFAULT 'BIT')");
   // Data statements of a script go through the connector's translation.
-  EXPECT_EQ(HostStatementForPostgres("INSERT INTO [T] (B) VALUES (1)", ""),
-            "INSERT INTO \"t\" (B) VALUES (1)");
+  EXPECT_EQ(HostStatementForPostgres("INSERT INTO [T] (B, G) VALUES (1, X'89AB')", ""),
+            "INSERT INTO \"t\" (B, G) VALUES (1, decode('89AB', 'hex'))");
   EXPECT_EQ(SplitScript("CREATE TABLE A (X VARCHAR(3) DEFAULT ';');\n -- done;\nINSERT INTO A "
                         "VALUES ('a;b');  "),
             (std::vector<std::string>{"CREATE TABLE A (X VARCHAR(3) DEFAULT ';')",
