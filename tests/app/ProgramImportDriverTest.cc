@@ -1,30 +1,25 @@
 // The import run end to end through the lumaro program: which files of the
 // exchange folder are taken, the log that keeps a file from being read twice,
 // the number of the last file, the error file, the filters of the settings,
-// and what bad input gets. Files are built here as Windows-1252 bytes with
-// CR LF line ends.
+// and what bad input gets; and what the run report (--report) tells of each.
+// Files are built here as Windows-1252 bytes with CR LF line ends.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/time.h>
 
 #include <cstdio>
-#include <ctime>
-#include <filesystem>
-#include <fstream>
-#include <map>
 #include <random>
-#include <utility>
-#include <vector>
 
 #include "tests/app/ImportShop.h"
 
 namespace {
 
 using namespace importshop;
+using nlohmann::json;
 using testsupport::FileExists;
-using testsupport::ReadBytes;
-using testsupport::RunLumaro;
+
+json Counts(int added, int updated, int refused) {
+  return {{"added", added}, {"updated", updated}, {"refused", refused}};
+}
 
 void ExpectQuietSuccess(const testsupport::ProgramResult& result) {
   EXPECT_EQ(result.exit_code, 0) << result.err;
@@ -32,7 +27,7 @@ void ExpectQuietSuccess(const testsupport::ProgramResult& result) {
   EXPECT_EQ(result.out, "");
 }
 
-TEST(ImportDriver, TakesOnlyITpvTextFilesWithTheCompanysHeader) {
+TEST(ProgramImportDriver, TakesOnlyITpvTextFilesWithTheCompanysHeader) {
   ImportShop shop;
   struct Case {
     const char* name;
@@ -55,16 +50,35 @@ TEST(ImportDriver, TakesOnlyITpvTextFilesWithTheCompanysHeader) {
       {"Clientes.txt", Lines({kHeader, Vn("F16", "Dezasseis")}), false},
       {"ITpvX.txt", Lines({kHeader, Vn("FX", "Xis")}), true},
   };
-  std::string logged;
+  // The report names each text file whose name begins with ITpv in any case.
+  std::string logged, listed;
   for (const Case& c : cases) {
     shop.Write(c.name, c.bytes);
     if (c.imported) logged += std::string(logged.empty() ? "" : ",") + c.name;
+    std::string name = host::UCase(c.name);
+    if (name.starts_with("ITPV") && name.ends_with(".TXT")) {
+      listed += std::string(c.name) + (c.imported ? ":imported " : ":skipped ");
+    }
   }
-  ExpectQuietSuccess(shop.Import());
+  auto run = shop.Reported({"--quiet", "import", "--report", "run/run.json"});
+  shop.ExpectHead(run, {"import"}, 0, "completed");
+  ExpectQuietSuccess(run.result);
   // Every one of them was taken, the header-only file too, and each has its
   // log row; the others left no trace.
   EXPECT_EQ(shop.Salesmen(), "F01,F12,F13,FX");
   EXPECT_EQ(shop.LoggedFiles(), logged);
+  // Each file the report names was taken, or passed over and why.
+  EXPECT_EQ(run.report["exchange_points"], json::array());
+  std::string reported;
+  for (json& file : run.report["import_files"]) {
+    reported += file["name"].get<std::string>() + ":" + file["outcome"].get<std::string>() + " ";
+    if (file["outcome"] == "skipped") {
+      EXPECT_TRUE(file["reason"].is_string() && file["reason"] != "") << file;
+      EXPECT_EQ(file["records"], json::object());
+      EXPECT_EQ(file["refused"], json::array());
+    }
+  }
+  EXPECT_EQ(reported, listed);
   // ITpvX.txt, number 0, came last: the stored number does not move.
   EXPECT_EQ(shop.LastImportNumber(), "0");
   // Nothing is moved or removed.
@@ -72,7 +86,7 @@ TEST(ImportDriver, TakesOnlyITpvTextFilesWithTheCompanysHeader) {
   EXPECT_TRUE(FileExists(shop.InExchange("ITpvX.txt")));
 }
 
-TEST(ImportDriver, TheLogDecidesByFileDateAndWorkstation) {
+TEST(ProgramImportDriver, TheLogDecidesByFileDateAndWorkstation) {
   ImportShop shop;
   auto write = [&](const std::string& name, const std::string& modified) {
     shop.Write("ITpv0001.txt", Lines({kHeader, Vn("V1", name)}), modified);
@@ -114,40 +128,36 @@ TEST(ImportDriver, TheLogDecidesByFileDateAndWorkstation) {
             second_row + "," + row(2, "2026-03-14 12:45:00", "2026-03-12 09:30:00"));
 }
 
-TEST(ImportDriver, LastImportNumberIsTheNumberOfTheFileTakenLast) {
+// Files are read in the order the folder lists them, without regard to
+// case, and the number of the one taken last is stored.
+TEST(ProgramImportDriver, LastImportNumberIsTheNumberOfTheFileTakenLast) {
   struct Case {
     const char* stored;
     std::vector<std::string> files;  // in the order the folder lists them
     const char* expected;
   } cases[] = {
       // " 11" sorts before "10"; the blank is passed over in the number.
-      {"9", {"ITpv 11.txt", "ITpv10.txt"}, "10"},
-      {"0", {"ITpv 7.txt", "ITpv5.txt"}, "5"},
-      {"6", {"ITpv 7.txt", "ITpv5.txt"}, "6"},
-      {"3", {"ITpv0007.txt", "ITpvX.txt"}, "3"},
+      {"9", {"ITpv 11.txt", "ITpv10.txt"}, "10"}, {"0", {"ITpv 7.txt", "ITpv5.txt"}, "5"},
+      {"6", {"ITpv 7.txt", "ITpv5.txt"}, "6"},    {"3", {"ITpv0007.txt", "ITpvX.txt"}, "3"},
+      {"0", {"ITpva.txt", "ITpvB.txt"}, "0"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.files[0] + " then " + c.files[1] + ", stored " + c.stored);
     ImportShop shop(Settings{{"LastImportNumber", c.stored}});
-    for (const auto& file : c.files) shop.Write(file, Lines({kHeader}));
+    // Each file names salesman V1 after itself: the later file's name stays.
+    // They are written last first, so that the order made is not the order read.
+    for (int i = 1; i >= 0; --i) shop.Write(c.files[i], Lines({kHeader, Vn("V1", c.files[i])}));
     ExpectQuietSuccess(shop.Import());
+    EXPECT_EQ(shop.Query("SELECT SalesmanName FROM Salesman"), c.files[1]);
     EXPECT_EQ(shop.Query("SELECT count(*) FROM LumaroLog"), "2");
     EXPECT_EQ(shop.LastImportNumber(), c.expected);
   }
 }
 
-TEST(ImportDriver, FilesAreReadInListingOrderWithoutRegardToCase) {
-  ImportShop shop;
-  // "ITpva.txt" lists before "ITpvB.txt": the later file's name stays.
-  shop.Write("ITpvB.txt", Lines({kHeader, Vn("V1", "Segundo")}));
-  shop.Write("ITpva.txt", Lines({kHeader, Vn("V1", "Primeiro")}));
-  ExpectQuietSuccess(shop.Import());
-  EXPECT_EQ(shop.Query("SELECT SalesmanName FROM Salesman"), "Segundo");
-}
-
-// A missing folder is a stop a scheduler must see (exit 3); with no active
-// point the import does nothing at all.
-TEST(ImportDriver, AMissingFolderIsOneMessageAndNoActivePointIsSilence) {
+// A missing folder is a stop a scheduler must see (exit 3, one box); with no
+// active point the import does nothing at all.
+TEST(ProgramImportDriver, AMissingFolderIsOneMessageAndNoActivePointIsSilence) {
+  const std::string box = "A pasta de importação/exportação não existe.";
   struct Case {
     const char* active;
     bool folder;
@@ -161,21 +171,24 @@ TEST(ImportDriver, AMissingFolderIsOneMessageAndNoActivePointIsSilence) {
     SCOPED_TRACE(std::string("active ") + c.active + (c.folder ? ", folder" : ", no folder"));
     ImportShop shop(Settings{{"Active", c.active}, {"LastImportNumber", "4"}}, c.folder);
     if (c.folder) shop.Write("ITpv0005.txt", Lines({kHeader, Vn("V1", "Ana")}));
-    auto result = shop.Import();
-    EXPECT_EQ(result.exit_code, c.stopped ? 3 : 0);
-    EXPECT_EQ(result.err, c.stopped
-                              ? "A pasta de importação/exportação não existe.\n"
-                                "lumaro: stopped: the exchange folder " +
-                                    shop.Exchange() + " does not exist; no file was imported\n"
-                              : "");
-    EXPECT_EQ(result.out, "");
+    auto run = shop.Reported({"--quiet", "import", "--report", "run/run.json"});
+    shop.ExpectHead(run, {"import"}, c.stopped ? 3 : 0, c.stopped ? "stopped" : "completed");
+    EXPECT_EQ(run.result.err, c.stopped
+                                  ? box + "\nlumaro: stopped: the exchange folder " +
+                                        shop.Exchange() + " does not exist; no file was imported\n"
+                                  : "");
+    EXPECT_EQ(run.result.out, "");
+    EXPECT_EQ(run.report["stops"].size(), c.stopped ? 1u : 0u) << run.report["stops"];
+    EXPECT_EQ(run.report["boxes"],
+              c.stopped ? json::array({json{{"text", box}, {"style", 64}}}) : json::array());
+    EXPECT_EQ(run.report["import_files"], json::array());
     EXPECT_EQ(shop.Salesmen(), "");
     EXPECT_EQ(shop.LoggedFiles(), "");
     EXPECT_EQ(shop.LastImportNumber(), "4");
   }
 }
 
-TEST(ImportDriver, ARefusedRecordGoesToTheErrorFileAndTheFileIsStillTaken) {
+TEST(ProgramImportDriver, ARefusedRecordGoesToTheErrorFileAndTheFileIsStillTaken) {
   ImportShop shop;
   // 101 characters do not fit the name's 100, nor 21 the key's 20; exactly
   // 100 characters fit, though "ç" and "ã" take two bytes each in UTF-8.
@@ -189,9 +202,29 @@ TEST(ImportDriver, ARefusedRecordGoesToTheErrorFileAndTheFileIsStillTaken) {
              "2026-03-10 08:00:00");
 
   const std::string closing = "A importação foi efectuada com erros.\r\nConsulte ficheiro log\n";
-  auto first = shop.Import();
-  EXPECT_EQ(first.exit_code, 0) << first.err;
-  EXPECT_EQ(first.err, closing);
+  auto first = shop.Reported({"--report", "first/run.json", "import"});
+  shop.ExpectHead(first, {"import"}, 0, "completed");
+  EXPECT_EQ(first.result.err, closing);
+  json& r = first.report;
+  EXPECT_EQ(r["boxes"],
+            json::array({json{{"text", closing.substr(0, closing.size() - 1)}, {"style", 64}}}));
+  ASSERT_EQ(r["import_files"].size(), 1u) << r["import_files"];
+  json& file = r["import_files"][0];
+  EXPECT_EQ(file["name"], "ITpv0001.txt");
+  EXPECT_EQ(file["outcome"], "imported");
+  EXPECT_EQ(file["reason"], nullptr);
+  EXPECT_EQ(file["records"], json({{"VN", Counts(2, 0, 2)}}));
+  ASSERT_EQ(file["refused"].size(), 2u) << file["refused"];
+  for (int i = 0; i < 2; ++i) {
+    json& refused = file["refused"][i];
+    EXPECT_EQ(refused["tag"], "VN");
+    EXPECT_EQ(refused["line"], 2 + 3 * i);
+    std::string why = refused["reason"].is_string() ? refused["reason"].get<std::string>() : "";
+    EXPECT_NE(why, "");
+    EXPECT_NE(first.result.out.find("    line " + std::to_string(2 + 3 * i) + ": " + why + "\n"),
+              std::string::npos)
+        << first.result.out;
+  }
   EXPECT_EQ(shop.Salesmen(), "V2,V3");
   EXPECT_EQ(shop.Query("SELECT length(SalesmanName) FROM Salesman WHERE SalesmanKey = 'V3'"),
             "100");
@@ -204,24 +237,16 @@ TEST(ImportDriver, ARefusedRecordGoesToTheErrorFileAndTheFileIsStillTaken) {
   EXPECT_EQ(second.exit_code, 0) << second.err;
   EXPECT_EQ(second.err, closing);
 
-  std::string bytes = ReadBytes(shop.InExchange("Erros de importação de ITpv0001.txt"));
-  std::vector<std::string> lines;
-  for (size_t at = 0, end; (end = bytes.find("\r\n", at)) != std::string::npos; at = end + 2) {
-    lines.push_back(bytes.substr(at, end - at));
-  }
-  ASSERT_EQ(lines.size(), 12u) << bytes;
-  ASSERT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+  auto entries = shop.ErrorEntries("ITpv0001.txt");
+  ASSERT_EQ(entries.size(), 4u);
   const char* dates[] = {"14-03-2026 10:00:00", "14-03-2026 11:00:00"};
   for (int entry = 0; entry < 4; ++entry) {
-    SCOPED_TRACE("entry " + std::to_string(entry));
-    EXPECT_EQ(lines[entry * 3], dates[entry / 2]);
-    EXPECT_EQ(lines[entry * 3 + 1], "Linha: " + (entry % 2 == 0 ? refused_name : refused_key));
-    EXPECT_EQ(lines[entry * 3 + 2].rfind(" Erro: ", 0), 0u) << lines[entry * 3 + 2];
-    EXPECT_GT(lines[entry * 3 + 2].size(), 7u);
+    EXPECT_EQ(entries[entry].date, dates[entry / 2]) << entry;
+    EXPECT_EQ(entries[entry].line, entry % 2 == 0 ? refused_name : refused_key) << entry;
   }
 }
 
-TEST(ImportDriver, FiltersOfTheSettingsChooseWhatIsImported) {
+TEST(ProgramImportDriver, FiltersOfTheSettingsChooseWhatIsImported) {
   const std::string file =
       Lines({kHeader, Vn("V1", "Ana"), Vn("V2", "Bruno"), Vn("V10", "Carla"), Vn("", "Duarte"),
              Cl("101", "Z1", "G1", "V1"), Cl("102", "Z2", "G2", "V2"), Cl("103"),
@@ -269,7 +294,7 @@ TEST(ImportDriver, FiltersOfTheSettingsChooseWhatIsImported) {
   }
 }
 
-TEST(ImportDriver, ItemValidityAgainstToday) {
+TEST(ProgramImportDriver, ItemValidityAgainstToday) {
   struct Case {
     const char *key, *tip_val, *from, *to;
     bool imported;
@@ -299,7 +324,7 @@ TEST(ImportDriver, ItemValidityAgainstToday) {
   EXPECT_EQ(shop.Query("SELECT ItemID FROM Item ORDER BY ItemID"), expected);
 }
 
-TEST(ImportDriver, AFailingFileIsRolledBackAndStopsTheRun) {
+TEST(ProgramImportDriver, AFailingFileIsRolledBackAndStopsTheRun) {
   struct Case {
     const char* what;
     std::string bad_line, header;  // the bad line follows a salesman and a customer
@@ -321,15 +346,29 @@ TEST(ImportDriver, AFailingFileIsRolledBackAndStopsTheRun) {
     shop.Write("ITpv0002.txt", Lines({c.header, Vn("V2", "Bruno"), Cl("301"), c.bad_line}));
     shop.Write("ITpv0003.txt", Lines({kHeader, Vn("V3", "Carla"), Cl("401")}));
 
-    auto failed = shop.Import();
-    EXPECT_EQ(failed.exit_code, 1);
-    EXPECT_EQ(failed.err, c.err);
+    auto failed = shop.Reported({"--quiet", "import", "--report", "failed/run.json"});
+    shop.ExpectHead(failed, {"import"}, 1, "failed");
+    EXPECT_EQ(failed.result.err, c.err);
     EXPECT_EQ(shop.Salesmen(), "V1");
     EXPECT_EQ(shop.Query("SELECT CustomerID FROM Customer ORDER BY CustomerID"), "201");
     EXPECT_EQ(shop.LoggedFiles(), "ITpv0001.txt");
     // The run ended before the number is stored, the first file's too.
     EXPECT_EQ(shop.LastImportNumber(), "0");
     EXPECT_FALSE(FileExists(shop.InExchange("Erros de importação de ITpv0002.txt")));
+    // The report tells the error and the files the run met: the first
+    // imported, the bad one, when a record of it failed, rolled back.
+    const std::string error = testsupport::LastLine(c.err);
+    EXPECT_EQ(failed.report["error"], error);
+    json& files = failed.report["import_files"];
+    EXPECT_EQ(files[0]["name"], "ITpv0001.txt");
+    EXPECT_EQ(files[0]["outcome"], "imported");
+    EXPECT_EQ(files[0]["records"], (json{{"VN", Counts(1, 0, 0)}, {"CL", Counts(1, 0, 0)}}));
+    if (!c.bad_line.empty()) {
+      EXPECT_EQ(files.size(), 2u) << files;
+      EXPECT_EQ(files[1]["name"], "ITpv0002.txt");
+      EXPECT_EQ(files[1]["outcome"], "rolled_back");
+      EXPECT_EQ(files[1]["reason"], error);
+    }
 
     // With the bad file gone, the next run takes the files after it.
     std::remove(shop.InExchange("ITpv0002.txt").c_str());
@@ -341,7 +380,7 @@ TEST(ImportDriver, AFailingFileIsRolledBackAndStopsTheRun) {
   }
 }
 
-TEST(ImportDriver, BinaryBytesAndAVeryLongLineDoNotStopTheRun) {
+TEST(ProgramImportDriver, BinaryBytesAndAVeryLongLineDoNotStopTheRun) {
   // Pseudo-random bytes, NUL first, without CR or LF: one long line.
   std::mt19937 random(20260314);
   std::string junk(1, '\0');

@@ -5,30 +5,20 @@
 // from the file's lines and the seed rows; the comments say how.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/time.h>
 
-#include <algorithm>
-#include <ctime>
-#include <filesystem>
-#include <fstream>
-#include <iomanip>
-#include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "standalone/sqlite/SqliteDatabase.h"
-#include "tests/app/ProgramRunner.h"
-#include "tests/support/TestHost.h"
+#include "tests/app/ImportShop.h"
 
 namespace {
 
+using importshop::ImportShop;
+using importshop::Join;
+using importshop::kNow;
 using testsupport::ReadBytes;
-using testsupport::RunLumaro;
 
 const std::string kData = std::string(LUMARO_TEST_DATA_DIR) + "/import/scenario";
-const std::string kNow = "2026-03-14 10:00:00";
 // The run that reads the touched file again comes five minutes later, so that
 // the log shows when it was taken.
 const std::string kLater = "2026-03-14 10:05:00";
@@ -39,139 +29,28 @@ const std::string kTouchedFileDate = "2026-03-13 18:30:20";
 // says that the number is taken, but the id it shows is still 0.
 const std::string kNumberTaken = "Já existe um cliente com o nº0\n";
 
-// What an import may write to; a failed file must leave all of it alone.
-const std::vector<std::string> kImportTables = {
-    "Salesman",         "Customer",     "PartyAddress",      "Party",        "Family",
-    "FamilyProfitRate", "Item",         "ItemSellingPrices", "POSIdentity",  "ItemComponents",
-    "AlternativeItem",  "ItemSupplier", "ItemPropertytable", "StockProperty"};
-
-time_t LocalTime(const std::string& text) {
-  std::tm parts{};
-  std::istringstream(text) >> std::get_time(&parts, "%Y-%m-%d %H:%M:%S");
-  parts.tm_isdst = -1;
-  return std::mktime(&parts);
-}
-
-void SetModified(const std::string& path, const std::string& local_time) {
-  time_t when = LocalTime(local_time);
-  timeval times[2] = {{when, 0}, {when, 0}};
-  ASSERT_EQ(::utimes(path.c_str(), times), 0) << path;
-}
-
 int Count(const std::string& text, const std::string& part) {
   int count = 0;
   for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
   return count;
 }
 
-// The last line of a text that ends with a line end, without it.
-std::string LastLine(const std::string& text) {
-  if (text.empty() || text.back() != '\n') return "(no line end) " + text;
-  std::string body = text.substr(0, text.size() - 1);
-  size_t end_of_previous = body.rfind('\n');
-  return end_of_previous == std::string::npos ? body : body.substr(end_of_previous + 1);
-}
+// The scenario's shop: the seed rows in the POS database.
+struct Shop : ImportShop {
+  Shop() { Seed(ReadBytes(kData + "/pos-seed.sql")); }
 
-std::string Join(const std::vector<std::string>& rows) {
-  std::string text;
-  for (const auto& row : rows) text += (text.empty() ? "" : ",") + row;
-  return text;
-}
-
-// A shop's folder: a POS database with the scenario's settings and seed rows,
-// and an empty exchange folder.
-class Shop {
- public:
-  Shop() {
-    EXPECT_EQ(Lumaro({"init"}).exit_code, 0);
-    std::string settings = ReadBytes(kData + "/settings.xml");
-    const std::string relative = "ImportExportPath=\"exchange\"";
-    settings.replace(settings.find(relative), relative.size(),
-                     "ImportExportPath=\"" + Exchange() + "\"");
-    std::ofstream(folder_.File("settings.xml"), std::ios::binary) << settings;
-    EXPECT_EQ(Lumaro({"settings", "load", folder_.File("settings.xml")}).exit_code, 0);
-    ::mkdir(Exchange().c_str(), 0755);
-    Open()->ExecuteScript(ReadBytes(kData + "/pos-seed.sql"));
-  }
-
-  testsupport::ProgramResult Lumaro(std::vector<std::string> args, const std::string& now = kNow) {
-    args.insert(args.begin(), {"--db", folder_.File("pos.db"), "--now", now});
-    return RunLumaro(folder_.Path(), args);
-  }
-  testsupport::ProgramResult Import(const std::string& now = kNow) {
-    return Lumaro({"import"}, now);
-  }
-
-  std::string Exchange() const { return folder_.File("exchange"); }
-  std::string InExchange(const std::string& name) const { return Exchange() + "/" + name; }
-
-  void PutImportFile(const std::string& name, const std::string& bytes) {
-    std::ofstream(InExchange(name), std::ios::binary) << bytes;
-    SetModified(InExchange(name), kFileDate);
-  }
-
-  std::vector<std::string> ExchangeFiles() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(Exchange())) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  std::string Rows(const std::string& sql) {
-    auto db = Open();
-    return testsupport::Rows(*db, sql);
-  }
-
-  // The listed columns of each row as SQLite writes them, "|" between the
-  // columns (NULL for a null), "," between the rows.
-  std::string Select(const std::string& columns, const std::string& from_and_order) {
-    std::string expression;
-    std::istringstream list(columns);
-    for (std::string column; std::getline(list, column, ',');) {
-      expression += (expression.empty() ? "" : "||'|'||") + ("ifnull(" + column + ",'NULL')");
-    }
-    return Rows("SELECT " + expression + " FROM " + from_and_order);
-  }
-
-  // Every column of every row of a table, with its type (quote()).
-  std::string Dump(const std::string& table, const std::string& where = "1=1") {
-    std::string columns = Rows("SELECT name FROM pragma_table_info('" + table + "')");
-    std::string expression;
-    std::istringstream list(columns);
-    for (std::string column; std::getline(list, column, ',');) {
-      expression += (expression.empty() ? "" : "||'|'||") + ("quote(" + column + ")");
-    }
-    return table + ": " +
-           Rows("SELECT " + expression + " FROM " + table + " WHERE " + where + " ORDER BY 1");
-  }
+  // Every row of every table an import may write to; a failed file must
+  // leave all of it alone.
   std::string DumpImportTables() {
     std::string dump;
-    for (const auto& table : kImportTables) dump += Dump(table) + "\n";
+    for (const char* table :
+         {"Salesman", "Customer", "PartyAddress", "Party", "Family", "FamilyProfitRate", "Item",
+          "ItemSellingPrices", "POSIdentity", "ItemComponents", "AlternativeItem", "ItemSupplier",
+          "ItemPropertytable", "StockProperty"}) {
+      dump += Dump(table);
+    }
     return dump;
   }
-
-  std::string LogRows() {
-    return Select("WorkstationID,Filename,ImportDate,FileSize,FileDate",
-                  "LumaroLog ORDER BY Filename");
-  }
-  std::string LastImportNumber() {
-    std::string shown = Lumaro({"settings", "show"}).out;
-    const std::string name = "LastImportNumber=\"";
-    size_t at = shown.find(name);
-    if (at == std::string::npos) return "(missing) " + shown;
-    at += name.size();
-    return shown.substr(at, shown.find('"', at) - at);
-  }
-
- private:
-  std::unique_ptr<standalone::SqliteDatabase> Open() {
-    return standalone::SqliteDatabase::Open(folder_.File("pos.db"),
-                                            standalone::SqliteDatabase::OpenMode::kExisting);
-  }
-
-  testsupport::TempFolder folder_;
 };
 
 std::string ScenarioFile() { return ReadBytes(kData + "/ITpv0001.txt"); }
@@ -181,7 +60,7 @@ std::string NoPrice(const std::string& item, int line) {
 }
 
 // What the scenario's file leaves in the POS database, table by table.
-void ExpectTheFileImported(Shop& shop) {
+void ExpectTheFileImported(ImportShop& shop) {
   // Salesmen: V01 is known and gets the file's name and remarks (position 13,
   // not the "NAO" of 12) and the fixed values again; V02 and V03 are new, in
   // the file's order, after the highest id. V03 has no name: its code is.
@@ -273,7 +152,7 @@ void ExpectTheFileImported(Shop& shop) {
   EXPECT_EQ(shop.Select(item_columns, "Item WHERE ItemID='G1'"),
             "G1|G1|Cabaz|Cabaz de sumos|4|1|3|4|4|UN|UN|1.0|UN|UN|UN|1.0|EUR|1.0|1.0|0|0|0||-1|2|"
             "0|0|0|0|1|0|NULL|");
-  EXPECT_EQ(shop.Rows("SELECT ItemID FROM Item ORDER BY ItemID"), "A1,G1,S1,b2");
+  EXPECT_EQ(shop.Query("SELECT ItemID FROM Item ORDER BY ItemID"), "A1,G1,S1,b2");
 
   // Prices: a row for each price line, 0 to 3, of every item. Only lines
   // with a key are found (PV9 is unknown). A1 PV2: 10 without tax at 23 %;
@@ -286,7 +165,8 @@ void ExpectTheFileImported(Shop& shop) {
                   "A1|3|0|0||8.1301|10|NULL|0", NoPrice("G1", 0), NoPrice("G1", 1),
                   "G1|2|0|0||7.5|7.5|NULL|0", NoPrice("G1", 3), NoPrice("S1", 0), NoPrice("S1", 1),
                   "S1|2|0|0||18.8679|20|NULL|0", NoPrice("S1", 3), NoPrice("b2", 0),
-                  NoPrice("b2", 1), "b2|2|0|0||4.5|5.085|NULL|0", NoPrice("b2", 3)}));
+                  NoPrice("b2", 1), "b2|2|0|0||4.5|5.085|NULL|0", NoPrice("b2", 3)},
+                 ","));
 
   // Barcodes: A1's first marked code is its main barcode; the second marked
   // one and the unmarked one (sent twice) are further rows. S1 has no marked
@@ -305,7 +185,7 @@ void ExpectTheFileImported(Shop& shop) {
                         "ItemComponents ORDER BY ItemID,ComponentOrder"),
             "G1|0|A1|A1|0|0|2.0|0|A1|0|0||,G1|1|b2|b2|0|0|0.5|1|B2|0|0||");
   // The alternative of A1 is read but never stored.
-  EXPECT_EQ(shop.Rows("SELECT count(*)||'' FROM AlternativeItem"), "0");
+  EXPECT_EQ(shop.Query("SELECT count(*) FROM AlternativeItem"), "0");
 
   // Stock by lot: one unit for each value, L001 with the dates of its
   // second line; S1 has no property and the unknown item is passed over.
@@ -318,12 +198,12 @@ void ExpectTheFileImported(Shop& shop) {
             "b2|1|SN1|||2026-03-01 00:00:00|NULL|1.0|1.0|EUR|1.0|1.0");
 }
 
-TEST(ProgramImportScenario, EveryRecordKindReachesItsTable) {
+TEST(ProgramImportScenario, EveryRecordKindReachesItsTableAndOnlyATouchedFileIsReadAgain) {
   Shop shop;
-  shop.PutImportFile("ITpv0001.txt", ScenarioFile());
+  shop.Write("ITpv0001.txt", ScenarioFile(), kFileDate);
   const std::string size = std::to_string(ScenarioFile().size());
   const std::string other_customer =
-      shop.Dump("Customer", "CustomerID=502") + shop.Dump("PartyAddress", "PartyID=502");
+      shop.Dump("Customer", "CustomerID = 502") + shop.Dump("PartyAddress", "PartyID = 502");
 
   auto run = shop.Import();
   ASSERT_EQ(run.exit_code, 0) << run.err;
@@ -333,24 +213,15 @@ TEST(ProgramImportScenario, EveryRecordKindReachesItsTable) {
   EXPECT_EQ(run.err.find("A importação foi efectuada com erros."), std::string::npos) << run.err;
   EXPECT_EQ(run.err.find("error "), std::string::npos) << run.err;
   EXPECT_EQ(shop.ExchangeFiles(), std::vector<std::string>{"ITpv0001.txt"});
-
   ExpectTheFileImported(shop);
-  EXPECT_EQ(shop.Dump("Customer", "CustomerID=502") + shop.Dump("PartyAddress", "PartyID=502"),
+  EXPECT_EQ(shop.Dump("Customer", "CustomerID = 502") + shop.Dump("PartyAddress", "PartyID = 502"),
             other_customer);
-  EXPECT_EQ(shop.LogRows(), "1|ITpv0001.txt|" + kNow + "|" + size + "|" + kFileDate);
-  EXPECT_EQ(shop.LastImportNumber(), "1");
-}
-
-TEST(ProgramImportScenario, AnUnchangedFileIsLeftAndATouchedOneIsReadAgain) {
-  Shop shop;
-  shop.PutImportFile("ITpv0001.txt", ScenarioFile());
-  const std::string size = std::to_string(ScenarioFile().size());
-  ASSERT_EQ(shop.Import().exit_code, 0);
-  const std::string imported = shop.DumpImportTables();
   const std::string log = shop.LogRows();
-  ASSERT_EQ(log, "1|ITpv0001.txt|" + kNow + "|" + size + "|" + kFileDate);
+  EXPECT_EQ(log, "1|ITpv0001.txt|" + kNow + "|" + size + "|" + kFileDate);
+  EXPECT_EQ(shop.LastImportNumber(), "1");
 
   // Same date: the file is not read at all, so no box either.
+  const std::string imported = shop.DumpImportTables();
   auto again = shop.Import();
   ASSERT_EQ(again.exit_code, 0) << again.err;
   EXPECT_EQ(again.err.find(kNumberTaken), std::string::npos) << again.err;
@@ -359,7 +230,7 @@ TEST(ProgramImportScenario, AnUnchangedFileIsLeftAndATouchedOneIsReadAgain) {
 
   // A few seconds younger: the file is read again, the one log row moves to
   // the new dates, and the rows come out the same.
-  SetModified(shop.InExchange("ITpv0001.txt"), kTouchedFileDate);
+  shop.Touch("ITpv0001.txt", kTouchedFileDate);
   auto touched = shop.Import(kLater);
   ASSERT_EQ(touched.exit_code, 0) << touched.err;
   EXPECT_EQ(Count(touched.err, kNumberTaken), 1) << touched.err;
@@ -377,13 +248,13 @@ TEST(ProgramImportScenario, AFailureInTheLastPassLeavesTheDatabaseAsItWas) {
   const std::string component = "AG^G1^A1^2\r\n";
   ASSERT_NE(bytes.find(component), std::string::npos);
   bytes.replace(bytes.find(component), component.size(), "AG^G1^A1^dois\r\n");
-  shop.PutImportFile("ITpv0002.txt", bytes);
+  shop.Write("ITpv0002.txt", bytes, kFileDate);
   const std::string before = shop.DumpImportTables();
 
   auto run = shop.Import();
   EXPECT_EQ(run.exit_code, 1) << run.err;
   EXPECT_EQ(Count(run.err, kNumberTaken), 1) << run.err;
-  EXPECT_EQ(LastLine(run.err).rfind("error 13 in <ImportData>: ", 0), 0u) << run.err;
+  EXPECT_TRUE(testsupport::LastLine(run.err).starts_with("error 13 in <ImportData>: ")) << run.err;
   // A raised failure is not the message of a pass that stopped by itself.
   EXPECT_EQ(run.err.find("Ocorreu um erro na importação"), std::string::npos) << run.err;
 

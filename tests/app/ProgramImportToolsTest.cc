@@ -1,7 +1,7 @@
 // The tools around the import for the people who run it: `lumaro check`,
 // which lists the lines of a file that would stop its import, and
-// `lumaro import --dry-run`, which says what an import would change and
-// keeps nothing.
+// `lumaro import --dry-run`, which says (and reports) what an import would
+// change and keeps nothing.
 
 #include <gtest/gtest.h>
 
@@ -10,34 +10,33 @@
 namespace {
 
 using namespace importshop;
-using testsupport::FileExists;
+using nlohmann::json;
 using testsupport::ReadBytes;
 
-// A file the import takes whole: a kit K1 of item A1, with its price and
-// barcode. Line 1 is the header; a bad line added after it is line 9.
-std::vector<std::string> GoodFile() {
-  auto kit = Fields(25, {"AR", "K1", "Cabaz", "Cabaz", "G"});
-  kit[11] = "2", kit[12] = "UN", kit[13] = "UN", kit[14] = "1", kit[15] = "0", kit[16] = "0";
-  kit[20] = "0", kit[24] = "0";
-  return {kHeader,   Vn("V1", "Ana"),      Cl("201"),          Ar("A1"),
-          Join(kit), Ap("A1", "1", "2,5"), "AB^560001^A1^^^1", "AG^K1^A1^2"};
+// An item record of unit UN, always valid and of no lot; `changes` sets
+// positions.
+std::string Item(std::initializer_list<std::string> leading,
+                 std::initializer_list<std::pair<size_t, std::string>> changes = {}) {
+  auto f = Fields(25, leading);
+  f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0", f[16] = "0";
+  f[20] = "0", f[24] = "0";
+  for (const auto& [position, value] : changes) f[position] = value;
+  return Join(f);
 }
 
+// A file the import takes whole, with `bad_line` after its lines unless it
+// is empty: a kit K1 of item A1, with its price and barcode. Line 1 is the
+// header; the bad line is line 9.
 std::string FileWith(const std::string& bad_line) {
-  std::vector<std::string> lines = GoodFile();
-  if (!bad_line.empty()) lines.push_back(bad_line);
-  std::string bytes;
-  for (const auto& line : lines) bytes += line + "\r\n";
-  return bytes;
+  std::string bytes = Lines({kHeader, Vn("V1", "Ana"), Cl("201"), Ar("A1"),
+                             Item({"AR", "K1", "Cabaz", "Cabaz", "G"}), Ap("A1", "1", "2,5"),
+                             "AB^560001^A1^^^1", "AG^K1^A1^2"});
+  return bad_line.empty() ? bytes : bytes + bad_line + "\r\n";
 }
 
-TEST(ImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
+TEST(ProgramImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
   auto ar = [](std::initializer_list<std::pair<size_t, std::string>> changes) {
-    auto f = Fields(25, {"AR", "A2", "A2", "Artigo", "A"});
-    f[11] = "2", f[12] = "UN", f[13] = "UN", f[14] = "1", f[15] = "0", f[16] = "0";
-    f[20] = "0", f[24] = "0";
-    for (const auto& [position, value] : changes) f[position] = value;
-    return Join(f);
+    return Item({"AR", "A2", "A2", "Artigo", "A"}, changes);
   };
   struct Case {
     const char* what;
@@ -77,7 +76,7 @@ TEST(ImportFileCheck, ListsExactlyTheLinesOnWhichTheImportStops) {
   }
 }
 
-TEST(ImportFileCheck, NamesWhatMakesTheImportPassAFileOver) {
+TEST(ProgramImportFileCheck, NamesWhatMakesTheImportPassAFileOver) {
   ImportShop shop;
   shop.Write("itpv0001.txt", Lines({"HF^4^1^OUTRA^2026", Vn("V1", "Ana")}));
   auto check = shop.Lumaro({"check", shop.InExchange("itpv0001.txt")});
@@ -88,7 +87,7 @@ TEST(ImportFileCheck, NamesWhatMakesTheImportPassAFileOver) {
       << check.out;
 }
 
-TEST(ImportDryRun, TellsWhatWouldChangeAndKeepsNothing) {
+TEST(ProgramImportDryRun, TellsWhatWouldChangeAndKeepsNothing) {
   ImportShop shop;
   ASSERT_EQ(shop.Import().exit_code, 0);  // a run with no file makes the log's table
   shop.Seed("INSERT INTO Salesman (SalesmanID, SalesmanKey, SalesmanName) VALUES (1, 'V1', 'Ana')");
@@ -100,16 +99,16 @@ TEST(ImportDryRun, TellsWhatWouldChangeAndKeepsNothing) {
   // An error file of an earlier run keeps its bytes.
   const std::string errors = shop.InExchange("Erros de importação de ITpv0007.txt");
   std::ofstream(errors, std::ios::binary) << "earlier\r\n";
+  auto salesmen = [&] { return shop.Rows("{SalesmanKey}:{SalesmanName}", "Salesman ORDER BY 1"); };
   auto before = [&] {
-    return shop.Query("SELECT group_concat(SalesmanKey || ':' || SalesmanName) FROM Salesman") +
-           "|" + shop.Query("SELECT count(*) FROM Customer") + "|" + shop.LoggedFiles() + "|" +
-           shop.LastImportNumber() + "|" + ReadBytes(errors);
+    return salesmen() + "|" + shop.Query("SELECT count(*) FROM Customer") + "|" +
+           shop.LoggedFiles() + "|" + shop.LastImportNumber() + "|" + ReadBytes(errors);
   };
   const std::string kept = before();
 
-  auto dry = shop.Lumaro({"--now", kNow, "import", "--dry-run"});
-  ASSERT_EQ(dry.exit_code, 0) << dry.err;
-  EXPECT_EQ(dry.out,
+  auto dry = shop.Reported({"import", "--dry-run", "--report", "dry/run.json"});
+  shop.ExpectHead(dry, {"import", "--dry-run"}, 0, "completed", true);
+  EXPECT_EQ(dry.result.out,
             "ITpv0007.txt: would be imported\n"
             "  VN: 1 added, 1 updated, 0 refused\n"
             "  CL: 1 added, 0 updated, 1 refused\n"
@@ -118,13 +117,20 @@ TEST(ImportDryRun, TellsWhatWouldChangeAndKeepsNothing) {
             "dry run: nothing was kept; the POS database, the file log, the number of the last "
             "file and the error files are as they were\n");
   EXPECT_EQ(before(), kept);
+  // The report tells the same.
+  json& file = dry.report["import_files"][0];
+  EXPECT_EQ(dry.report["import_files"].size(), 1u);
+  EXPECT_EQ(file["name"], "ITpv0007.txt");
+  EXPECT_EQ(file["outcome"], "imported");
+  EXPECT_EQ(file["records"], (json{{"VN", {{"added", 1}, {"updated", 1}, {"refused", 0}}},
+                                   {"CL", {{"added", 1}, {"updated", 0}, {"refused", 1}}}}));
+  EXPECT_EQ(file["refused"][0]["line"], 4);
 
   // The import itself then does what the dry run told.
   auto real = shop.Lumaro({"--now", kNow, "import"});
   ASSERT_EQ(real.exit_code, 0) << real.err;
   EXPECT_EQ(real.out.substr(0, real.out.find('\n')), "ITpv0007.txt: imported");
-  EXPECT_EQ(shop.Query("SELECT group_concat(SalesmanKey || ':' || SalesmanName) FROM Salesman"),
-            "V1:Ana Maria,V2:Bruno");
+  EXPECT_EQ(salesmen(), "V1:Ana Maria,V2:Bruno");
   EXPECT_EQ(shop.LastImportNumber(), "7");
   EXPECT_NE(ReadBytes(errors), "earlier\r\n");
 }
