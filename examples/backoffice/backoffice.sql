@@ -244,7 +244,7 @@ CREATE TABLE Clien (
   CDsc VARCHAR(10),
   DscFT FLOAT,
   TemIRRet BIT,
-  SitCredito VARCHAR(1),
+  SitCredito VARCHAR(3),
   MaxSaldo FLOAT,
   MaxDias SMALLINT,
   CGrpC VARCHAR(10),
@@ -484,11 +484,11 @@ INSERT INTO CoBan VALUES (4, 'Banco Antigo', 'Porto - Boavista', 'Conta encerrad
 CREATE TABLE Artig (
   CArt VARCHAR(20) NOT NULL PRIMARY KEY,
   TipArt VARCHAR(1),
-  Sigla VARCHAR(60),
+  Sigla VARCHAR(100),
   DESCR VARCHAR(100),
   UNID VARCHAR(10),
   UNVE VARCHAR(10),
-  UPUV FLOAT,
+  UPUV VARCHAR(20),  -- text here: one article's factor reads "S"
   NMED SMALLINT,
   RIVA VARCHAR(5),
   CFam VARCHAR(20),
@@ -634,8 +634,10 @@ CREATE TABLE ArFor (
   PRIMARY KEY (CArt, CFor));
 INSERT INTO ArFor VALUES ('PAO', 1, 'MN-PAO-01', 0.12, 0, 0, 0, '2026-10-15 00:00:00');
 INSERT INTO ArFor VALUES ('FARINHA', 1, ' MN-T65 ', 0.55, 5, 2, 0, '2026-10-20 00:00:00');
-INSERT INTO ArFor VALUES ('CAFE', 2, 'TL-GRAO-1KG', 9.8, 10, 0, 0, NULL);
+-- The coffee's suppliers in the order of the key, as SQL Server reads them
+-- and as every database here returns them: supplier 1 comes first.
 INSERT INTO ArFor VALUES ('CAFE', 1, 'MN-CAFE-1KG', 10.4, 0, 0, 0, '2025-12-01 00:00:00');
+INSERT INTO ArFor VALUES ('CAFE', 2, 'TL-GRAO-1KG', 9.8, 10, 0, 0, NULL);
 INSERT INTO ArFor VALUES ('MOINHO', 2, 'TL-MOINHO', 41, 0, 0, 0, '2025-01-10 00:00:00');
 INSERT INTO ArFor VALUES ('VINHO', 3, 'BD-D75', 3.1, 2, 1, 0.5, '2026-09-30 00:00:00');
 INSERT INTO ArFor VALUES ('VINHORES', 3, 'BD-D75R', 6.2, 0, 0, 0, '2026-09-30 00:00:00');

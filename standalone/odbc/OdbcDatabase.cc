@@ -23,7 +23,7 @@ constexpr int32_t kCannotConnect = -2147467259;
 
 bool Succeeded(SQLRETURN rc) { return rc == SQL_SUCCESS || rc == SQL_SUCCESS_WITH_INFO; }
 
-// The driver's diagnostics of a handle: "[state] message; ...".
+// The driver's diagnostics of a handle: "[state] message; ...", one line.
 std::string Diagnostics(SQLSMALLINT type, SQLHANDLE handle) {
   std::string text;
   SQLCHAR state[6];
@@ -34,8 +34,13 @@ std::string Diagnostics(SQLSMALLINT type, SQLHANDLE handle) {
                                         &length) == SQL_SUCCESS;
        ++i) {
     if (!text.empty()) text += "; ";
-    text += "[" + std::string(reinterpret_cast<char*>(state)) + "] " +
-            std::string(reinterpret_cast<char*>(message));
+    // A driver's message may run over lines (psqlODBC's does); an error is
+    // told in one line.
+    std::string line(reinterpret_cast<char*>(message));
+    for (char& c : line) {
+      if (c == '\n' || c == '\r') c = ' ';
+    }
+    text += "[" + std::string(reinterpret_cast<char*>(state)) + "] " + line;
   }
   return text.empty() ? "no diagnostics" : text;
 }

@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <regex>
 #include <sstream>
 #include <string>
@@ -79,20 +80,30 @@ inline std::string Shown(const host::Variant& value) {
 }
 
 // A POS database in its own folder, the sample back office in "bo" beside
-// it, and the example settings (EMP01, 2026, till 3, delegation 1) reaching
-// that file, with `changes` to their attributes.
+// it (or, on a test server, in a database of its own there), and the
+// example settings (EMP01, 2026, till 3, delegation 1) reaching it, with
+// `changes` to their attributes.
 class Shop {
  public:
   explicit Shop(const Changes& changes = {}, bool store_settings = true) {
     EXPECT_EQ(Lumaro({"init"}).exit_code, 0);
-    auto made = testsupport::RunProgram(
-        folder_.Path(), {std::string(LUMARO_SOURCE_DIR) + "/examples/backoffice/make-backoffice",
-                         folder_.File("bo")});
-    EXPECT_EQ(made.exit_code, 0) << made.err;
+    std::string source = "sqlite:bo";
+    if (testsupport::PosUnderTest::OnServer()) {
+      // The back office on the server too, reached as any ODBC data source.
+      back_office_.emplace();
+      back_office_->Open()->ExecuteScript(testsupport::ReadBytes(
+          std::string(LUMARO_SOURCE_DIR) + "/examples/backoffice/backoffice.sql"));
+      source = "odbc:" + back_office_->Connection();
+    } else {
+      auto made = testsupport::RunProgram(
+          folder_.Path(), {std::string(LUMARO_SOURCE_DIR) + "/examples/backoffice/make-backoffice",
+                           folder_.File("bo")});
+      EXPECT_EQ(made.exit_code, 0) << made.err;
+    }
     if (!store_settings) return;
     std::string xml =
         testsupport::ReadBytes(std::string(LUMARO_SOURCE_DIR) + "/examples/settings.xml");
-    Changes all = {{"SQLDataSource", "sqlite:bo"}};
+    Changes all = {{"SQLDataSource", source}};
     all.insert(all.end(), changes.begin(), changes.end());
     for (const auto& [attribute, value] : all) {
       xml = std::regex_replace(xml, std::regex(" " + attribute + "=\"[^\"]*\""),
@@ -115,8 +126,13 @@ class Shop {
   }
 
   void Pos(const std::string& sql) { pos_.Open()->ExecuteScript(sql); }
+  // Runs statements (SQLite's dialect) on the back office.
   void BackOffice(const std::string& sql) {
-    Open(folder_.File("bo/EMP012026Lumaro.db"))->ExecuteScript(sql);
+    if (back_office_) {
+      back_office_->Open()->ExecuteScript(sql);
+    } else {
+      Open(folder_.File("bo/EMP012026Lumaro.db"))->ExecuteScript(sql);
+    }
   }
   // Each row of a query, its columns Shown and joined by "|", one row a line.
   std::string Lines(const std::string& sql) {
@@ -170,6 +186,7 @@ class Shop {
   }
   testsupport::TempFolder folder_;
   testsupport::PosUnderTest pos_{folder_.File("vendara.db")};
+  std::optional<testsupport::ServerDatabase> back_office_;
 };
 
 // The fixture of tests that read what the plain shop holds after a load:
