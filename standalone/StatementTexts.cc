@@ -103,4 +103,67 @@ std::string StatementTexts::CountText(const host::SqlStatement& statement) const
   return Literals(Shape::kCount, statement);
 }
 
+namespace {
+
+constexpr size_t kKeptTexts = 16;
+
+template <typename Named>
+bool SameNames(const std::vector<std::string>& names, const std::vector<Named>& columns) {
+  if (names.size() != columns.size()) return false;
+  for (size_t i = 0; i < names.size(); ++i) {
+    if (names[i] != columns[i].name) return false;
+  }
+  return true;
+}
+
+bool HasColumns(StatementTexts::Shape shape) {
+  return shape == StatementTexts::Shape::kInsert || shape == StatementTexts::Shape::kUpdate;
+}
+
+// An insert names no row: its keys are not in its text.
+bool HasKeys(StatementTexts::Shape shape) { return shape != StatementTexts::Shape::kInsert; }
+
+}  // namespace
+
+bool MarkerTexts::Fits(const Kept& kept, StatementTexts::Shape shape,
+                       const host::SqlStatement& statement) {
+  // A select's chosen columns are part of its text: those are built anew.
+  return kept.shape == shape && kept.table == statement.Table() &&
+         (!HasKeys(shape) || SameNames(kept.keys, statement.Keys())) &&
+         (!HasColumns(shape) || SameNames(kept.columns, statement.Columns()));
+}
+
+const std::string& MarkerTexts::Text(StatementTexts::Shape shape,
+                                     const host::SqlStatement& statement,
+                                     std::vector<const host::SqlValue*>& values) {
+  values.clear();
+  // The markers stand for the columns (an insert's or an update's), then
+  // for the keys: the order in which Build writes them.
+  if (HasColumns(shape)) {
+    for (const auto& column : statement.Columns()) values.push_back(&column);
+  }
+  if (HasKeys(shape)) {
+    for (const auto& key : statement.Keys()) values.push_back(&key);
+  }
+  if (shape != StatementTexts::Shape::kSelect) {
+    for (size_t i = 0; i < kept_.size(); ++i) {
+      if (!Fits(kept_[i], shape, statement)) continue;
+      if (i > 0) std::swap(kept_[i], kept_[0]);
+      return kept_[0].text;
+    }
+  }
+  Kept kept{shape, statement.Table(), {}, {}, {}};
+  kept.text = StatementTexts::Build(shape, statement,
+                                    [](const host::SqlValue&) { return std::string("?"); });
+  if (HasColumns(shape)) {
+    for (const auto& column : statement.Columns()) kept.columns.push_back(column.name);
+  }
+  if (HasKeys(shape)) {
+    for (const auto& key : statement.Keys()) kept.keys.push_back(key.name);
+  }
+  if (kept_.size() == kKeptTexts) kept_.pop_back();
+  kept_.insert(kept_.begin(), std::move(kept));
+  return kept_[0].text;
+}
+
 }  // namespace standalone

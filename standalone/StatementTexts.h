@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "connector/host/DatabaseService.h"
 
@@ -39,6 +40,33 @@ class StatementTexts : public host::StatementRunner {
   std::string Literals(Shape shape, const host::SqlStatement& statement) const;
 
   const host::SqlFormat& format_;
+};
+
+// The texts with a ? marker for each value, kept by their shape: a
+// statement of the table, columns and keys of one built before gets that
+// text again without building it. A writer sends the same few shapes
+// again and again (an item's row, a price row), so comparing the names
+// costs far less than writing the text anew.
+class MarkerTexts {
+ public:
+  // The text of `statement` in `shape`; its values, in the order of their
+  // markers, go to `values`.
+  const std::string& Text(StatementTexts::Shape shape, const host::SqlStatement& statement,
+                          std::vector<const host::SqlValue*>& values);
+
+ private:
+  struct Kept {
+    StatementTexts::Shape shape;
+    std::string table;
+    std::vector<std::string> columns;
+    std::vector<std::string> keys;
+    std::string text;
+  };
+  static bool Fits(const Kept& kept, StatementTexts::Shape shape,
+                   const host::SqlStatement& statement);
+
+  // The most recent first; a few are enough for the shapes in use.
+  std::vector<Kept> kept_;
 };
 
 }  // namespace standalone

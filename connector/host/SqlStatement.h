@@ -58,6 +58,10 @@ class SqlStatement {
   void KeyNumber(std::string_view column, double value);
   void KeyText(std::string_view column, std::string_view value);
 
+  // Room for `count` columns in all, so that a writer that knows how many
+  // it will set does not move them as they come.
+  void ReserveColumns(size_t count) { columns_.reserve(count); }
+
   // Empties columns, keys and selected columns; keeps table and operation.
   void ClearColumns();
 

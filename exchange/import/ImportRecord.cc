@@ -8,13 +8,27 @@ namespace lumaro {
 
 Record SplitRecord(std::string_view line) {
   Record record;
+  SplitRecordInto(line, record);
+  return record;
+}
+
+void SplitRecordInto(std::string_view line, Record& record) {
+  size_t count = 0;
+  auto put = [&](std::string_view field) {
+    if (count < record.size()) {
+      record[count].assign(field);
+    } else {
+      record.emplace_back(field);
+    }
+    ++count;
+  };
   size_t start = 0;
   for (size_t found; (found = line.find('^', start)) != std::string_view::npos; start = found + 1) {
-    record.emplace_back(line.substr(start, found - start));
+    put(line.substr(start, found - start));
   }
-  record.emplace_back(line.substr(start));
-  record.emplace_back();  // the field after the appended "^"
-  return record;
+  put(line.substr(start));
+  put({});  // the field after the appended "^"
+  record.resize(count);
 }
 
 const std::string& FieldText(const Record& record, const RecordField& field) {

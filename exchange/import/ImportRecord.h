@@ -22,6 +22,9 @@ namespace lumaro {
 using Record = std::vector<std::string>;
 
 Record SplitRecord(std::string_view line);
+// The same into `record`, whose strings are reused: for a reader that
+// splits line after line.
+void SplitRecordInto(std::string_view line, Record& record);
 
 // How the text at a position is read.
 enum class FieldRule {

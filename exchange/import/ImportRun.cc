@@ -188,32 +188,35 @@ void ImportRun::CountImportRecords(const std::string& path) {
     last = item;
   };
   host::AnsiLineReader reader(path);
+  Record record;  // reused from line to line
   for (std::string line; reader.ReadLine(line);) {
     size_t separator = line.find('^');
     if (separator == std::string::npos) continue;
     std::string_view tag(line.data(), separator);
+    auto fields = [&]() -> const Record& {
+      SplitRecordInto(line, record);
+      return record;
+    };
     if (tag == "FA") {
-      if (filters_.PassFamilyFilter(SplitRecord(line))) ++counters_.FA;
+      if (filters_.PassFamilyFilter(fields())) ++counters_.FA;
     } else if (tag == "VN") {
-      if (filters_.PassSalesmanFilter(SplitRecord(line))) ++counters_.VN;
+      if (filters_.PassSalesmanFilter(fields())) ++counters_.VN;
     } else if (tag == "CL") {
-      if (filters_.PassCustomerFilter(SplitRecord(line))) ++counters_.CL;
+      if (filters_.PassCustomerFilter(fields())) ++counters_.CL;
     } else if (tag == "AR") {
-      Record record = SplitRecord(line);
-      bool family = filters_.PassItemFamilyFilter(record);
+      bool family = filters_.PassItemFamilyFilter(fields());
       bool valid = ImportFilters::PassValidity(record, today);
       if (family && valid) ++counters_.AR;
     } else if (tag == "AP") {
-      Record record = SplitRecord(line);
-      if (filters_.PassPriceLineFilter(record)) {
+      if (filters_.PassPriceLineFilter(fields())) {
         count_item(FieldText(record, layout::ap::kItem), last_ap, counters_.AP);
       }
     } else if (tag == "AB") {
-      count_item(FieldText(SplitRecord(line), layout::ab::kItem), last_ab, counters_.AB);
+      count_item(FieldText(fields(), layout::ab::kItem), last_ab, counters_.AB);
     } else if (tag == "AL") {
-      count_item(FieldText(SplitRecord(line), layout::al::kItem), last_al, counters_.AL);
+      count_item(FieldText(fields(), layout::al::kItem), last_al, counters_.AL);
     } else if (tag == "AG") {
-      count_item(FieldText(SplitRecord(line), layout::ag::kKit), last_ag, counters_.AG);
+      count_item(FieldText(fields(), layout::ag::kKit), last_ag, counters_.AG);
     }
   }
 }

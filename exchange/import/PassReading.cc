@@ -38,7 +38,7 @@ bool PassReading::Next() {
     }
     last_line_is_other_ = false;
     line_ = host::FromAnsi(raw);
-    record_ = SplitRecord(line_);
+    SplitRecordInto(line_, record_);
     record_line_number_ = line_number_;
     return true;
   }

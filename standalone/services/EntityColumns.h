@@ -40,6 +40,16 @@ class EntityColumns {
 
   bool HasKey() const { return key_count_ > 0; }
 
+  // The column names, "A, B, C": what a SELECT of the rows reads.
+  std::string NameList() const {
+    std::string list;
+    for (const Column& column : columns_) {
+      if (!list.empty()) list += ", ";
+      list += column.name;
+    }
+    return list;
+  }
+
   // The current row's columns into the entity's members.
   void Read(const host::Recordset& row, Entity& entity) const {
     using host::FieldConverter;
@@ -93,6 +103,8 @@ class EntityColumns {
 
   // The entity's members into the statement's columns.
   void Write(const Entity& entity, host::SqlStatement& statement) const {
+    // With room for an id or two that the caller adds after.
+    statement.ReserveColumns(statement.Columns().size() + columns_.size() + 2);
     WriteFrom(0, columns_.size(), entity, statement);
   }
 

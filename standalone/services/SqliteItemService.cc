@@ -140,21 +140,19 @@ SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_vie
   return filled;
 }
 
-host::RecordsetPtr SqliteItemService::RowsOf(const char* table, std::string_view item_id,
-                                             const char* order_by) {
-  return db_.Query("SELECT * FROM " + std::string(table) + " WHERE ItemID=?" +
-                       (order_by ? std::string(" ORDER BY ") + order_by : ""),
-                   {host::SqlValue::Text(item_id)});
-}
-
 template <typename Row>
 std::vector<Row> SqliteItemService::LoadRows(Collection collection, const Filled& filled,
                                              std::string_view item_id, const char* order_by,
                                              const EntityColumns<Row>& columns) {
   std::vector<Row> rows;
   if (!filled.collection[collection]) return rows;
-  for (auto rs = RowsOf(kCollectionTables[collection], item_id, order_by); !rs->Eof();
-       rs->MoveNext()) {
+  // Only the columns the rows hold, in a text written once.
+  std::string& sql = load_sql_[collection];
+  if (sql.empty()) {
+    sql = "SELECT " + columns.NameList() + " FROM " + kCollectionTables[collection] +
+          " WHERE ItemID=?" + (order_by ? std::string(" ORDER BY ") + order_by : "");
+  }
+  for (auto rs = db_.Query(sql, {host::SqlValue::Text(item_id)}); !rs->Eof(); rs->MoveNext()) {
     columns.Read(*rs, rows.emplace_back());
   }
   return rows;
@@ -231,8 +229,8 @@ std::string SqliteItemService::GetKey(std::string_view item_id) {
   std::string id(item_id);
   auto it = keys_.find(id);
   if (it != keys_.end()) return it->second;
-  auto rs = RowsOf("Item", item_id);
-  std::string key = rs->Eof() ? "" : FieldConverter::ToText(rs->Fields("ItemKey"));
+  auto rs = db_.Query("SELECT ItemKey FROM Item WHERE ItemID=?", {host::SqlValue::Text(item_id)});
+  std::string key = rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
   keys_.emplace(std::move(id), key);
   return key;
 }
@@ -241,8 +239,11 @@ std::string SqliteItemService::GetItemIDFromKey(std::string_view item_key) {
   if (item_key.empty()) return "";
   std::optional<int64_t> counter = db_.ChangeCounter("Item");
   if (std::optional<std::string> id = ids_.Find(counter, item_key)) return *id;
-  auto rs = db_.Query("SELECT TOP 1 ItemID FROM Item WHERE ItemKey=? ORDER BY ItemID",
-                      {host::SqlValue::Text(item_key)});
+  // The first id of the key, as ORDER BY ItemID would give it: MIN finds it
+  // through the key's index alone, where an ORDER BY made SQLite sort in a
+  // temporary table at every lookup (ItemID is no rowid).
+  auto rs =
+      db_.Query("SELECT MIN(ItemID) FROM Item WHERE ItemKey=?", {host::SqlValue::Text(item_key)});
   std::string id = rs->Eof() ? "" : FieldConverter::ToText(rs->Fields(0));
   ids_.Put(counter, std::string(item_key), id);
   return id;
@@ -260,9 +261,10 @@ bool SqliteItemService::HasComponents(std::string_view item_id) {
 }
 
 std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
-  // The row, and after its columns whether each collection has rows.
+  // The row's columns that the item holds, and after them whether each
+  // collection has rows.
   static const std::string kSql = [] {
-    std::string sql = "SELECT *";
+    std::string sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList();
     for (const char* table : kCollectionTables) {
       sql += ", EXISTS(SELECT 1 FROM " + std::string(table) + " AS C WHERE C.ItemID=Item.ItemID)";
     }

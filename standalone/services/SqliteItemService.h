@@ -41,8 +41,6 @@ class SqliteItemService : public host::ItemService {
   void SaveSellingPrices(const host::ItemSellingPrices& prices, std::string_view item_id) override;
 
  private:
-  host::RecordsetPtr RowsOf(const char* table, std::string_view item_id,
-                            const char* order_by = nullptr);
   // The collections of an item, each a table of rows with the item's id.
   enum Collection {
     kPrices,
@@ -107,6 +105,7 @@ class SqliteItemService : public host::ItemService {
   std::optional<Loaded> loaded_;
   KeyIdCache<std::string> ids_;
   std::unordered_map<std::string, std::string> keys_;
+  std::array<std::string, kCollectionCount> load_sql_;  // by LoadRows, once each
   std::vector<double> price_lines_;
   bool price_lines_read_ = false;
 };

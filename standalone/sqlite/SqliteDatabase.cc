@@ -368,10 +368,9 @@ host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
   RequireOpen();
   if (observer_) observer_(sql);
   ++stats_.executed;
-  std::string key(sql);
-  auto found = bound_cache_.find(key);
+  auto found = bound_cache_.find(sql);
   if (found == bound_cache_.end()) {
-    std::string sqlite_sql = translate ? TranslateToSqlite(sql) : key;
+    std::string sqlite_sql = translate ? TranslateToSqlite(sql) : std::string(sql);
     sqlite3_stmt* statement = nullptr;
     const char* tail = nullptr;
     int rc = sqlite3_prepare_v2(db_, sqlite_sql.c_str(), static_cast<int>(sqlite_sql.size()),
@@ -381,7 +380,7 @@ host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
       host::RaiseWith(host::err::kSqlRefused, "No statement in: " + Shortened(sql), kSource);
     }
     ++stats_.prepared;
-    found = bound_cache_.emplace(std::move(key), statement).first;
+    found = bound_cache_.emplace(std::string(sql), statement).first;
   }
   sqlite3_stmt* statement = found->second;
   if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size())) {
@@ -399,10 +398,7 @@ host::RecordsetPtr SqliteDatabase::RunShape(StatementTexts::Shape shape,
                                             const host::SqlStatement& statement) {
   std::vector<const host::SqlValue*> values;
   values.reserve(statement.Columns().size() + statement.Keys().size());
-  std::string text = StatementTexts::Build(shape, statement, [&](const host::SqlValue& value) {
-    values.push_back(&value);
-    return std::string("?");
-  });
+  const std::string& text = marker_texts_.Text(shape, statement, values);
   return RunBound(text, values, false);
 }
 

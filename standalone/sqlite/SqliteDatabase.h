@@ -148,7 +148,13 @@ class SqliteDatabase : public PosEngine {
   std::unique_ptr<SqliteSchema> schema_;
   std::unordered_map<std::string, sqlite3_stmt*> cache_;
   // Statements with ? markers, by the caller's text.
-  std::unordered_map<std::string, sqlite3_stmt*> bound_cache_;
+  // Found by the text itself, without a copy of it.
+  struct TextHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+  };
+  std::unordered_map<std::string, sqlite3_stmt*, TextHash, std::equal_to<>> bound_cache_;
+  MarkerTexts marker_texts_;
   std::unordered_map<sqlite3_stmt*, ResultColumns> result_columns_;
   ResultColumns one_shot_columns_;
   int transaction_depth_ = 0;
