@@ -1,5 +1,7 @@
 #include "standalone/services/SqliteItemService.h"
 
+#include <bit>
+
 #include "connector/host/FieldConverter.h"
 #include "standalone/services/EntityColumns.h"
 
@@ -123,21 +125,46 @@ constexpr const char* kCollectionTables[] = {"ItemSellingPrices", "ItemSupplier"
 }  // namespace
 
 SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_view item_id) {
-  static const std::string kSql = [] {
-    std::string sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)";
-    for (const char* table : kCollectionTables) {
-      sql += ", EXISTS(SELECT 1 FROM " + std::string(table) + " WHERE ItemID=?)";
+  const Counters counters = CountersNow();
+  const Mask asked = CollectionsToAsk(counters);
+  std::string& sql = exists_sql_[asked];
+  if (sql.empty()) {
+    sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)";
+    for (int i = 0; i < kCollectionCount; ++i) {
+      if (asked & (1u << i)) {
+        sql += ", EXISTS(SELECT 1 FROM " + std::string(kCollectionTables[i]) + " WHERE ItemID=?)";
+      }
     }
-    return sql;
-  }();
+  }
   auto rs = db_.Query(
-      kSql, std::vector<host::SqlValue>(kCollectionCount + 1, host::SqlValue::Text(item_id)));
+      sql, std::vector<host::SqlValue>(std::popcount(asked) + 1, host::SqlValue::Text(item_id)));
   Filled filled;
   filled.item = FieldConverter::ToBoolean(rs->Fields(0));
-  for (int i = 0; i < kCollectionCount; ++i) {
-    filled.collection[i] = FieldConverter::ToBoolean(rs->Fields(i + 1));
-  }
+  ReadFlags(*rs, 1, asked, filled);
   return filled;
+}
+
+SqliteItemService::Mask SqliteItemService::CollectionsToAsk(const Counters& counters) {
+  Mask asked = 0;
+  for (int i = 0; i < kCollectionCount; ++i) {
+    TableState& state = tables_[i];
+    const std::optional<int64_t>& counter = counters[i + 1];
+    if (!counter || state.counter != counter) {
+      state.empty =
+          db_.Query("SELECT TOP 1 ItemID FROM " + std::string(kCollectionTables[i]), {})->Eof();
+      state.counter = counter;
+    }
+    if (!state.empty) asked |= 1u << i;
+  }
+  return asked;
+}
+
+void SqliteItemService::ReadFlags(const host::Recordset& rs, int first, Mask asked,
+                                  Filled& filled) {
+  int position = first;
+  for (int i = 0; i < kCollectionCount; ++i) {
+    filled.collection[i] = (asked & (1u << i)) && FieldConverter::ToBoolean(rs.Fields(position++));
+  }
 }
 
 template <typename Row>
@@ -261,16 +288,22 @@ bool SqliteItemService::HasComponents(std::string_view item_id) {
 }
 
 std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
+  const Counters counters = CountersNow();
   // The row's columns that the item holds, and after them whether each
-  // collection has rows.
-  static const std::string kSql = [] {
-    std::string sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList();
-    for (const char* table : kCollectionTables) {
-      sql += ", EXISTS(SELECT 1 FROM " + std::string(table) + " AS C WHERE C.ItemID=Item.ItemID)";
+  // collection has rows (of a table with rows at all).
+  const Mask asked = CollectionsToAsk(counters);
+  std::string& sql = get_sql_[asked];
+  if (sql.empty()) {
+    sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList();
+    for (int i = 0; i < kCollectionCount; ++i) {
+      if (asked & (1u << i)) {
+        sql += ", EXISTS(SELECT 1 FROM " + std::string(kCollectionTables[i]) +
+               " AS C WHERE C.ItemID=Item.ItemID)";
+      }
     }
-    return sql + " FROM Item WHERE ItemID=?";
-  }();
-  auto rs = db_.Query(kSql, {host::SqlValue::Text(item_id)});
+    sql += " FROM Item WHERE ItemID=?";
+  }
+  auto rs = db_.Query(sql, {host::SqlValue::Text(item_id)});
   if (rs->Eof()) return nullptr;
   auto item = std::make_shared<Item>();
   item->ItemID = FieldConverter::ToText(rs->Fields("ItemID"));
@@ -278,10 +311,7 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
   item->Family.FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
   Filled filled;
   filled.item = true;
-  const int first_flag = rs->FieldCount() - kCollectionCount;
-  for (int i = 0; i < kCollectionCount; ++i) {
-    filled.collection[i] = FieldConverter::ToBoolean(rs->Fields(first_flag + i));
-  }
+  ReadFlags(*rs, rs->FieldCount() - std::popcount(asked), asked, filled);
 
   item->SellingPrices.rows =
       LoadRows(kPrices, filled, item->ItemID, "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);
@@ -293,7 +323,7 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
       LoadRows(kAlternatives, filled, item->ItemID, "AlternativeOrder", kAlternativeColumns);
   item->PropertyTable =
       LoadRows(kPropertyTable, filled, item->ItemID, nullptr, kPropertyValueColumns);
-  loaded_ = Loaded{*item, CountersNow()};
+  loaded_ = Loaded{*item, counters};
   // An item has a price on every line of the host, also on a line made after
   // it.
   if (!price_lines_read_) {

@@ -91,6 +91,15 @@ class SqliteItemService : public host::ItemService {
     bool all = false;  // the row and every collection
   };
   Counters CountersNow() const;
+  // A set of collections, a bit each in the order of Collection.
+  using Mask = unsigned;
+  // The collections whose table has rows at all: those an item may have
+  // rows in, and that a read must ask about. A table found empty is not
+  // asked about again while its change counter stands still.
+  Mask CollectionsToAsk(const Counters& counters);
+  // The flags of the collections `asked`, from position `first` of the
+  // row on; the others have no rows.
+  static void ReadFlags(const host::Recordset& rs, int first, Mask asked, Filled& filled);
   // Raise as the writes of every row of the item (of the collection) would
   // for a text too long for its column.
   void CheckWhole(const host::Item& item, bool exists);
@@ -106,6 +115,16 @@ class SqliteItemService : public host::ItemService {
   KeyIdCache<std::string> ids_;
   std::unordered_map<std::string, std::string> keys_;
   std::array<std::string, kCollectionCount> load_sql_;  // by LoadRows, once each
+  // Whether a collection's table had no rows, at the change counter it
+  // had then (none: not known).
+  struct TableState {
+    std::optional<int64_t> counter;
+    bool empty = false;
+  };
+  std::array<TableState, kCollectionCount> tables_;
+  // The texts of Get and CollectionsWithRows, by the collections asked.
+  std::array<std::string, 1u << kCollectionCount> get_sql_;
+  std::array<std::string, 1u << kCollectionCount> exists_sql_;
   std::vector<double> price_lines_;
   bool price_lines_read_ = false;
 };

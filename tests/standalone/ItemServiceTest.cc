@@ -117,6 +117,27 @@ TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainOnceAnItemChangedOrASaveMovedIt) {
   host_.Db().CommitTrans();
 }
 
+TEST_F(ItemServiceTrust, ARowInATableOnceFoundEmptyIsSeenAndKeptBySaves) {
+  host_.Db().BeginTrans();
+  std::shared_ptr<host::Item> item = items_.Get("A1");  // no barcode table rows at all
+  EXPECT_EQ(item->Barcodes.Count(), 0);
+  host_.Exec(
+      "INSERT INTO POSIdentity (ItemID, Barcode, UnitOfMeasureID, Quantity) "
+      "VALUES ('A1', '560001', 'UN', 1)");
+  item = items_.Get("A1");
+  ASSERT_EQ(item->Barcodes.Count(), 1);
+  EXPECT_EQ(item->Barcodes.rows[0].Barcode, "560001");
+  // A new item, saved while the table has rows, must not lose another's.
+  host::Item other;
+  other.ItemID = "A2";
+  other.ItemKey = "K2";
+  items_.Save(other);
+  item->Description = "Outro";
+  items_.Save(*item);
+  host_.Db().CommitTrans();
+  EXPECT_EQ(host_.Rows("SELECT ItemID || ':' || Barcode FROM POSIdentity"), "A1:560001");
+}
+
 TEST_F(ItemServiceTrust, APriceWrittenInPlaceEndsAsAReplacedOneWould) {
   // Who changed a price last: a replaced row forgets it, and so must a row
   // written over.
