@@ -149,12 +149,18 @@ SqliteItemService::Mask SqliteItemService::CollectionsToAsk(const Counters& coun
   for (int i = 0; i < kCollectionCount; ++i) {
     TableState& state = tables_[i];
     const std::optional<int64_t>& counter = counters[i + 1];
-    if (!counter || state.counter != counter) {
-      state.empty =
-          db_.Query("SELECT TOP 1 ItemID FROM " + std::string(kCollectionTables[i]), {})->Eof();
-      state.counter = counter;
+    // Asking is always right; leaving a table out needs it known empty now.
+    // Without a counter nothing is known, and a table seen with rows is
+    // asked about from then on, without looking again.
+    if (counter && !state.had_rows && state.empty_at != counter) {
+      if (db_.Query("SELECT TOP 1 ItemID FROM " + std::string(kCollectionTables[i]), {})->Eof()) {
+        state.empty_at = counter;
+      } else {
+        state.had_rows = true;
+      }
     }
-    if (!state.empty) asked |= 1u << i;
+    const bool empty = counter && !state.had_rows && state.empty_at == counter;
+    if (!empty) asked |= 1u << i;
   }
   return asked;
 }

@@ -115,11 +115,10 @@ class SqliteItemService : public host::ItemService {
   KeyIdCache<std::string> ids_;
   std::unordered_map<std::string, std::string> keys_;
   std::array<std::string, kCollectionCount> load_sql_;  // by LoadRows, once each
-  // Whether a collection's table had no rows, at the change counter it
-  // had then (none: not known).
+  // What is known of a collection's table having rows at all.
   struct TableState {
-    std::optional<int64_t> counter;
-    bool empty = false;
+    std::optional<int64_t> empty_at;  // the change counter at which it had none
+    bool had_rows = false;
   };
   std::array<TableState, kCollectionCount> tables_;
   // The texts of Get and CollectionsWithRows, by the collections asked.
