@@ -53,9 +53,23 @@ std::string ToAnsi(std::string_view utf8) {
 
 std::string FromAnsi(std::string_view ansi) {
   std::string result;
-  result.reserve(ansi.size());
-  for (char byte : ansi) utf8::Append(result, CharacterOfByte(static_cast<unsigned char>(byte)));
+  FromAnsiInto(ansi, result);
   return result;
+}
+
+void FromAnsiInto(std::string_view ansi, std::string& utf8) {
+  utf8.clear();
+  utf8.reserve(ansi.size());
+  size_t pos = 0;
+  while (pos < ansi.size()) {
+    // ASCII reads the same in both: a run of it is copied whole.
+    size_t run = pos;
+    while (run < ansi.size() && static_cast<unsigned char>(ansi[run]) < 0x80) ++run;
+    utf8.append(ansi.data() + pos, run - pos);
+    if (run == ansi.size()) break;
+    utf8::Append(utf8, CharacterOfByte(static_cast<unsigned char>(ansi[run])));
+    pos = run + 1;
+  }
 }
 
 AnsiTextWriter::AnsiTextWriter(const std::string& path, Mode mode) : path_(path) {
@@ -119,7 +133,7 @@ bool AnsiLineReader::AtEndOfStream() {
 bool AnsiLineReader::ReadLine(std::string& utf8_line) {
   std::string_view line;
   if (!ReadRawLine(line)) return false;
-  utf8_line = FromAnsi(line);
+  FromAnsiInto(line, utf8_line);
   return true;
 }
 

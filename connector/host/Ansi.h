@@ -15,6 +15,8 @@ std::string ToAnsi(std::string_view utf8);
 // Windows-1252 to UTF-8. The five bytes that the code page leaves undefined
 // map to the C1 controls of the same number.
 std::string FromAnsi(std::string_view ansi);
+// The same into `utf8`, whose room is reused: for a reader of line after line.
+void FromAnsiInto(std::string_view ansi, std::string& utf8);
 
 // A text file written in the ANSI code page, every line ended with CR LF,
 // as the file system's TextStream does when opened "as ASCII".

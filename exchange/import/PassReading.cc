@@ -37,13 +37,13 @@ bool PassReading::Next() {
       continue;
     }
     last_line_is_other_ = false;
-    line_ = host::FromAnsi(raw);
+    host::FromAnsiInto(raw, line_);
     SplitRecordInto(line_, record_);
     record_line_number_ = line_number_;
     return true;
   }
   if (last_line_is_other_) {
-    line_ = host::FromAnsi(last_other_line_);
+    host::FromAnsiInto(last_other_line_, line_);
     last_line_is_other_ = false;
   }
   return false;

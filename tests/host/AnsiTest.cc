@@ -31,6 +31,10 @@ TEST(AnsiCodePage, CharactersToBytesAndBack) {
     EXPECT_EQ(ToAnsi(FromAnsi(ansi)), ansi) << byte;
   }
   EXPECT_EQ(FromAnsi("\x80\xE7\x9F\x81"), "€çŸ\u0081");
+  // Runs of ASCII between the others, and a string reused for a shorter line.
+  std::string reused = "a line longer than the next";
+  FromAnsiInto("Ma\xE7\xE3 n.\xBA 5", reused);
+  EXPECT_EQ(reused, "Maçã n.º 5");
 }
 
 // A fresh folder under the system's temporary folder, removed afterwards.
