@@ -127,7 +127,6 @@ bool HasKeys(StatementTexts::Shape shape) { return shape != StatementTexts::Shap
 
 bool MarkerTexts::Fits(const Kept& kept, StatementTexts::Shape shape,
                        const host::SqlStatement& statement) {
-  // A select's chosen columns are part of its text: those are built anew.
   return kept.shape == shape && kept.table == statement.Table() &&
          (!HasKeys(shape) || SameNames(kept.keys, statement.Keys())) &&
          (!HasColumns(shape) || SameNames(kept.columns, statement.Columns()));
@@ -145,16 +144,22 @@ const std::string& MarkerTexts::Text(StatementTexts::Shape shape,
   if (HasKeys(shape)) {
     for (const auto& key : statement.Keys()) values.push_back(&key);
   }
-  if (shape != StatementTexts::Shape::kSelect) {
-    for (size_t i = 0; i < kept_.size(); ++i) {
-      if (!Fits(kept_[i], shape, statement)) continue;
-      if (i > 0) std::swap(kept_[i], kept_[0]);
-      return kept_[0].text;
-    }
+  auto build = [&] {
+    return StatementTexts::Build(shape, statement,
+                                 [](const host::SqlValue&) { return std::string("?"); });
+  };
+  // A select's chosen columns are part of its text: it is built anew and
+  // not kept, so that it does not push out the texts that come again.
+  if (shape == StatementTexts::Shape::kSelect) {
+    select_text_ = build();
+    return select_text_;
   }
-  Kept kept{shape, statement.Table(), {}, {}, {}};
-  kept.text = StatementTexts::Build(shape, statement,
-                                    [](const host::SqlValue&) { return std::string("?"); });
+  for (size_t i = 0; i < kept_.size(); ++i) {
+    if (!Fits(kept_[i], shape, statement)) continue;
+    if (i > 0) std::swap(kept_[i], kept_[0]);
+    return kept_[0].text;
+  }
+  Kept kept{shape, statement.Table(), {}, {}, build()};
   if (HasColumns(shape)) {
     for (const auto& column : statement.Columns()) kept.columns.push_back(column.name);
   }

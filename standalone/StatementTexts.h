@@ -49,8 +49,8 @@ class StatementTexts : public host::StatementRunner {
 // costs far less than writing the text anew.
 class MarkerTexts {
  public:
-  // The text of `statement` in `shape`; its values, in the order of their
-  // markers, go to `values`.
+  // The text of `statement` in `shape`, valid until the next call; its
+  // values, in the order of their markers, go to `values`.
   const std::string& Text(StatementTexts::Shape shape, const host::SqlStatement& statement,
                           std::vector<const host::SqlValue*>& values);
 
@@ -67,6 +67,7 @@ class MarkerTexts {
 
   // The most recent first; a few are enough for the shapes in use.
   std::vector<Kept> kept_;
+  std::string select_text_;  // the last select's
 };
 
 }  // namespace standalone

@@ -77,6 +77,21 @@ TEST_F(StoredForms, StatementsWriteEachKindOfValueAndNameRowsByTheirKeys) {
   db_->RunUpdate(time);
   EXPECT_EQ(Rows("SELECT Id || '/' || Name || '/' || Flag || '/' || At FROM Forms ORDER BY Id"),
             "7/O'Neil/1/2026-11-23 00:00:00,8/Silva/0/1899-12-30 09:30:00");
+  // Statements of one table and as many columns and keys, but other names,
+  // each write their own.
+  for (auto [column, key] : {std::pair{"Flag", "Id"}, {"Flag", "Name"}, {"Id", "Name"}}) {
+    host::SqlStatement update;
+    update.SetTable("Forms");
+    update.Number(column, 5);
+    if (std::string(key) == "Id") {
+      update.KeyNumber(key, 8);
+    } else {
+      update.KeyText(key, "O'Neil");
+    }
+    db_->RunUpdate(update);
+  }
+  EXPECT_EQ(Rows("SELECT Id || '/' || Name || '/' || Flag FROM Forms ORDER BY Id"),
+            "5/O'Neil/5,8/Silva/5");
 
   host::SqlStatement remove;
   remove.SetTable("Forms");
