@@ -409,11 +409,17 @@ double RoundHalfEven(double value) {
   return std::fmod(floor, 2) == 0 ? floor : floor + 1;
 }
 
+std::string Digits15(double value) {
+  char text[40];
+  auto [end, error] =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15);
+  if (error != std::errc()) return "0";  // cannot be: 15 digits and an exponent fit
+  return std::string(text, end);
+}
+
 double RoundDecimal(double value, int decimals) {
   const double factor = std::pow(10.0, decimals);
-  char digits[32];
-  std::snprintf(digits, sizeof digits, "%.15g", value * factor);
-  return std::round(std::strtod(digits, nullptr)) / factor;
+  return std::round(std::strtod(Digits15(value * factor).c_str(), nullptr)) / factor;
 }
 
 namespace {

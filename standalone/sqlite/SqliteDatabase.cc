@@ -161,12 +161,11 @@ void BindNumber(sqlite3_stmt* statement, int index, double value) {
     }
     return;
   }
-  char text[40];
-  std::snprintf(text, sizeof text, "%.15g", value);
-  if (std::strpbrk(text, ".eEin") == nullptr) {
-    sqlite3_bind_int64(statement, index, std::strtoll(text, nullptr, 10));
+  const std::string text = host::Digits15(value);
+  if (std::strpbrk(text.c_str(), ".eEin") == nullptr) {
+    sqlite3_bind_int64(statement, index, std::strtoll(text.c_str(), nullptr, 10));
   } else {
-    sqlite3_bind_double(statement, index, std::strtod(text, nullptr));
+    sqlite3_bind_double(statement, index, std::strtod(text.c_str(), nullptr));
   }
 }
 

@@ -39,6 +39,38 @@ TEST(Rounding, DecimalRoundingTakesTheDecimalValue) {
   }
 }
 
+TEST(Rounding, FifteenDigitsAreWhatPrintfWrites) {
+  // Amounts, halves, ratios, sums that miss their decimal, the edges of
+  // exponent notation, and a spread of magnitudes from a fixed generator.
+  std::vector<double> values = {0,
+                                -0.0,
+                                1,
+                                0.1 + 0.2,
+                                1.005 * 1.23,
+                                2.5e-5,
+                                1e-5,
+                                1e15,
+                                1e16,
+                                123456789012345678.0,
+                                -193.39,
+                                1.0 / 3,
+                                2.0 / 3,
+                                1e300,
+                                5e-324,
+                                0.000123456789012345};
+  uint64_t state = 1;
+  for (int i = 0; i < 20000; ++i) {
+    state = state * 6364136223846793005u + 1442695040888963407u;
+    const double mantissa = static_cast<double>(state >> 11) / 9007199254740992.0;
+    values.push_back((i % 2 ? -1 : 1) * mantissa * std::pow(10.0, i % 40 - 20));
+  }
+  for (double value : values) {
+    char expected[40];
+    std::snprintf(expected, sizeof expected, "%.15g", value);
+    ASSERT_EQ(Digits15(value), expected) << value;
+  }
+}
+
 TEST(Conversions, FailuresRaiseTheirNumbers) {
   struct Case {
     const char* what;
