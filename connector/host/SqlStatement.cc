@@ -21,6 +21,8 @@ void SqlStatement::Put(std::vector<Column>& list, std::string_view name, SqlValu
       return;
     }
   }
+  // Room for a few at once: most statements have several columns.
+  if (list.capacity() == 0) list.reserve(8);
   list.push_back(Column{std::move(value), std::string(name)});
 }
 

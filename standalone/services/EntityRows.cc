@@ -192,7 +192,7 @@ bool EntityWriter::Rewrite(host::SqlStatement statement) {
   return true;
 }
 
-const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
+const EntityWriter::TableInfo& EntityWriter::Info(std::string_view table) {
   auto found = tables_.find(table);
   if (found != tables_.end()) return found->second;
   TableInfo info;
@@ -209,7 +209,7 @@ const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
       add(column.name, column.type, column.default_text);
     }
   } else {
-    for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + table + ")"); !rs->Eof();
+    for (auto rs = db_.OpenRecordset("PRAGMA table_info(" + std::string(table) + ")"); !rs->Eof();
          rs->MoveNext()) {
       const host::Variant& declared = rs->Fields("dflt_value");
       add(host::FieldConverter::ToText(rs->Fields("name")),
@@ -219,7 +219,7 @@ const EntityWriter::TableInfo& EntityWriter::Info(const std::string& table) {
               : std::optional<std::string>(host::FieldConverter::ToText(declared)));
     }
   }
-  return tables_.emplace(table, std::move(info)).first->second;
+  return tables_.emplace(std::string(table), std::move(info)).first->second;
 }
 
 void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
@@ -230,15 +230,16 @@ void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
   }
 }
 
-void EntityWriter::CheckText(const std::string& table, const std::string& column,
+void EntityWriter::CheckText(std::string_view table, std::string_view column,
                              const std::string& text) {
   const auto& lengths = Info(table).lengths;
   auto limit = lengths.find(column);
   if (limit == lengths.end() || text.size() <= limit->second) return;
   if (host::Len(text) > limit->second) {
     host::RaiseWith(kDataTruncated,
-                    "String or binary data would be truncated: " + table + "." + column +
-                        " holds at most " + std::to_string(limit->second) + " characters",
+                    "String or binary data would be truncated: " + std::string(table) + "." +
+                        std::string(column) + " holds at most " + std::to_string(limit->second) +
+                        " characters",
                     "EntityService");
   }
 }

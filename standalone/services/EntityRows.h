@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "connector/host/DatabaseService.h"
+#include "standalone/TextHash.h"
 
 namespace standalone {
 
@@ -64,7 +65,7 @@ class EntityWriter {
   bool Rewrite(host::SqlStatement statement);
   // Refuses, as Insert and Update do, a text longer than its column: for a
   // caller that writes only part of an entity but must refuse it whole.
-  void CheckText(const std::string& table, const std::string& column, const std::string& text);
+  void CheckText(std::string_view table, std::string_view column, const std::string& text);
 
  private:
   enum class Kind { kInsert, kUpdate, kDelete };
@@ -77,15 +78,15 @@ class EntityWriter {
 
   struct TableInfo {
     // The declared length of each text column that has one.
-    std::unordered_map<std::string, size_t> lengths;
+    std::unordered_map<std::string, size_t, TextHash, std::equal_to<>> lengths;
     // Each column with its default; none when it is no plain value.
     std::vector<std::pair<std::string, std::optional<host::SqlValue>>> defaults;
   };
-  const TableInfo& Info(const std::string& table);
+  const TableInfo& Info(std::string_view table);
   void CheckLengths(const host::SqlStatement& statement);
 
   host::DatabaseService& db_;
-  std::unordered_map<std::string, TableInfo> tables_;
+  std::unordered_map<std::string, TableInfo, TextHash, std::equal_to<>> tables_;
   bool gathering_ = false;
   std::vector<Write> gathered_;
 };

@@ -415,7 +415,7 @@ void SqliteItemService::Save(const Item& item) {
 template <typename Row>
 void SqliteItemService::CheckRows(Collection collection, const std::string& item_id,
                                   const std::vector<Row>& rows, const EntityColumns<Row>& columns) {
-  const std::string table = kCollectionTables[collection];
+  const std::string_view table = kCollectionTables[collection];
   for (const Row& row : rows) {
     writer_.CheckText(table, "ItemID", item_id);
     columns.ForEachText(row, [&](const char* column, const std::string& text) {
@@ -425,7 +425,7 @@ void SqliteItemService::CheckRows(Collection collection, const std::string& item
 }
 
 void SqliteItemService::CheckWhole(const Item& item, bool exists) {
-  const std::string table = "Item";
+  const std::string_view table = "Item";
   kItemColumns.ForEachText(item, [&](const char* column, const std::string& text) {
     writer_.CheckText(table, column, text);
   });

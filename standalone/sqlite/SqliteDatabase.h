@@ -11,6 +11,7 @@
 #include "connector/host/DatabaseService.h"
 #include "standalone/PosEngine.h"
 #include "standalone/StatementTexts.h"
+#include "standalone/TextHash.h"
 #include "standalone/sqlite/RowChanges.h"
 #include "standalone/sqlite/SqliteSqlFormat.h"
 
@@ -149,10 +150,6 @@ class SqliteDatabase : public PosEngine {
   std::unordered_map<std::string, sqlite3_stmt*> cache_;
   // Statements with ? markers, by the caller's text.
   // Found by the text itself, without a copy of it.
-  struct TextHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-  };
   std::unordered_map<std::string, sqlite3_stmt*, TextHash, std::equal_to<>> bound_cache_;
   MarkerTexts marker_texts_;
   std::unordered_map<sqlite3_stmt*, ResultColumns> result_columns_;
