@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "connector/host/AsciiNames.h"
 #include "connector/host/Error.h"
 #include "connector/host/Utf8.h"
 
@@ -149,7 +150,19 @@ std::string UCase(std::string_view text) { return MapCase(text, u_toupper); }
 
 std::string LCase(std::string_view text) { return MapCase(text, u_tolower); }
 
-bool EqualsNoCase(std::string_view a, std::string_view b) { return UCase(a) == UCase(b); }
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+  // Between two ASCII texts the upper case is ASCII's: no string is made.
+  // A text with other letters goes the whole way, since some of them take
+  // an ASCII upper case ("ſ" gives "S").
+  auto ascii = [](std::string_view text) {
+    for (char c : text) {
+      if (static_cast<unsigned char>(c) >= 0x80) return false;
+    }
+    return true;
+  };
+  if (ascii(a) && ascii(b)) return SameAsciiNoCase(a, b);
+  return UCase(a) == UCase(b);
+}
 
 size_t InStr(std::string_view text, std::string_view needle, size_t start) {
   CheckStart(start);

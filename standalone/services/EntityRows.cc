@@ -223,18 +223,24 @@ const EntityWriter::TableInfo& EntityWriter::Info(std::string_view table) {
 }
 
 void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
+  const TableInfo* info = nullptr;  // looked up at the first text
   for (const auto& column : statement.Columns()) {
     if (column.kind == host::SqlStatement::Kind::kText) {
-      CheckText(statement.Table(), column.name, column.text);
+      if (info == nullptr) info = &Info(statement.Table());
+      CheckTextIn(*info, statement.Table(), column.name, column.text);
     }
   }
 }
 
 void EntityWriter::CheckText(std::string_view table, std::string_view column,
                              const std::string& text) {
-  const auto& lengths = Info(table).lengths;
-  auto limit = lengths.find(column);
-  if (limit == lengths.end() || text.size() <= limit->second) return;
+  CheckTextIn(Info(table), table, column, text);
+}
+
+void EntityWriter::CheckTextIn(const TableInfo& info, std::string_view table,
+                               std::string_view column, const std::string& text) {
+  auto limit = info.lengths.find(column);
+  if (limit == info.lengths.end() || text.size() <= limit->second) return;
   if (host::Len(text) > limit->second) {
     host::RaiseWith(kDataTruncated,
                     "String or binary data would be truncated: " + std::string(table) + "." +

@@ -84,6 +84,8 @@ class EntityWriter {
   };
   const TableInfo& Info(std::string_view table);
   void CheckLengths(const host::SqlStatement& statement);
+  static void CheckTextIn(const TableInfo& info, std::string_view table, std::string_view column,
+                          const std::string& text);
 
   host::DatabaseService& db_;
   std::unordered_map<std::string, TableInfo, TextHash, std::equal_to<>> tables_;

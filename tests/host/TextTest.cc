@@ -58,6 +58,9 @@ TEST(TextFunctions, CaseMappingIsUnicodeAware) {
   EXPECT_TRUE(EqualsNoCase("Conceição", "CONCEIÇÃO"));
   EXPECT_FALSE(EqualsNoCase("Conceicao", "CONCEIÇÃO"));
   EXPECT_FALSE(EqualsNoCase("ab", "abc"));
+  EXPECT_TRUE(EqualsNoCase("tRUE", "True"));
+  EXPECT_FALSE(EqualsNoCase("True", "Trve"));
+  EXPECT_TRUE(EqualsNoCase("\u017Fim", "SIM"));  // the long s: one side ASCII only
 }
 
 TEST(TextFunctions, InStrAndReplaceCompareExactly) {
