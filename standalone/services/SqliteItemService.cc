@@ -408,7 +408,7 @@ void SqliteItemService::Save(const Item& item) {
         [](const Item& i) -> const auto& { return i.PropertyTable; }, kPropertyValueColumns);
   });
   loaded_.reset();
-  keys_[item.ItemID] = item.ItemKey;
+  keys_.erase(item.ItemID);  // its key is read again when asked
   ids_.Saved(counter_before, db_.ChangeCounter("Item"), item.ItemID, item.ItemKey);
 }
 
