@@ -115,6 +115,12 @@ TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainOnceAnItemChangedOrASaveMovedIt) {
   items_.Save(other);  // A0 comes first with K9 now
   EXPECT_EQ(items_.GetItemIDFromKey("K9"), "A0");
   host_.Db().CommitTrans();
+
+  // The key of an id, read once, follows the service's own saves.
+  EXPECT_EQ(items_.GetKey("A0"), "K9");
+  other.ItemKey = "K8";
+  items_.Save(other);
+  EXPECT_EQ(items_.GetKey("A0"), "K8");
 }
 
 TEST_F(ItemServiceTrust, ARowInATableOnceFoundEmptyIsSeenAndKeptBySaves) {
