@@ -8,18 +8,8 @@
 #include "connector/host/Text.h"
 
 namespace host {
-namespace {
-
 // Column names are matched without regard to case. They are nearly always
-// plain ASCII, which takes the short way.
-bool IsAscii(std::string_view text) {
-  for (char c : text) {
-    if (static_cast<unsigned char>(c) >= 0x80) return false;
-  }
-  return true;
-}
-
-}  // namespace
+// plain ASCII (IsAscii), which takes the short way.
 
 RecordsetColumns::RecordsetColumns(std::vector<std::string> names) : names_(std::move(names)) {
   for (const std::string& name : names_) all_ascii_ = all_ascii_ && IsAscii(name);

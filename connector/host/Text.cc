@@ -154,13 +154,7 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
   // Between two ASCII texts the upper case is ASCII's: no string is made.
   // A text with other letters goes the whole way, since some of them take
   // an ASCII upper case ("ſ" gives "S").
-  auto ascii = [](std::string_view text) {
-    for (char c : text) {
-      if (static_cast<unsigned char>(c) >= 0x80) return false;
-    }
-    return true;
-  };
-  if (ascii(a) && ascii(b)) return SameAsciiNoCase(a, b);
+  if (IsAscii(a) && IsAscii(b)) return SameAsciiNoCase(a, b);
   return UCase(a) == UCase(b);
 }
 

@@ -1,6 +1,7 @@
 #include "standalone/services/SqliteItemService.h"
 
 #include <bit>
+#include <iterator>
 
 #include "connector/host/FieldConverter.h"
 #include "standalone/services/EntityColumns.h"
@@ -122,20 +123,27 @@ constexpr const char* kCollectionTables[] = {"ItemSellingPrices", "ItemSupplier"
                                              "POSIdentity",       "ItemComponents",
                                              "AlternativeItem",   "ItemPropertytable"};
 
+// ", EXISTS(...)" for each collection `asked`, in their order: whether the
+// item whose id `item_id` gives ("?", or a column) has rows in it.
+std::string CollectionFlags(unsigned asked, const std::string& item_id) {
+  std::string flags;
+  for (size_t i = 0; i < std::size(kCollectionTables); ++i) {
+    if (asked & (1u << i)) {
+      flags += ", EXISTS(SELECT 1 FROM " + std::string(kCollectionTables[i]) +
+               " AS C WHERE C.ItemID=" + item_id + ")";
+    }
+  }
+  return flags;
+}
+
 }  // namespace
 
 SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_view item_id) {
   const Counters counters = CountersNow();
   const Mask asked = CollectionsToAsk(counters);
   std::string& sql = exists_sql_[asked];
-  if (sql.empty()) {
-    sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)";
-    for (int i = 0; i < kCollectionCount; ++i) {
-      if (asked & (1u << i)) {
-        sql += ", EXISTS(SELECT 1 FROM " + std::string(kCollectionTables[i]) + " WHERE ItemID=?)";
-      }
-    }
-  }
+  if (sql.empty())
+    sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)" + CollectionFlags(asked, "?");
   auto rs = db_.Query(
       sql, std::vector<host::SqlValue>(std::popcount(asked) + 1, host::SqlValue::Text(item_id)));
   Filled filled;
@@ -300,14 +308,8 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
   const Mask asked = CollectionsToAsk(counters);
   std::string& sql = get_sql_[asked];
   if (sql.empty()) {
-    sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList();
-    for (int i = 0; i < kCollectionCount; ++i) {
-      if (asked & (1u << i)) {
-        sql += ", EXISTS(SELECT 1 FROM " + std::string(kCollectionTables[i]) +
-               " AS C WHERE C.ItemID=Item.ItemID)";
-      }
-    }
-    sql += " FROM Item WHERE ItemID=?";
+    sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList() +
+          CollectionFlags(asked, "Item.ItemID") + " FROM Item WHERE ItemID=?";
   }
   auto rs = db_.Query(sql, {host::SqlValue::Text(item_id)});
   if (rs->Eof()) return nullptr;
