@@ -21,9 +21,17 @@ void SqlStatement::Put(std::vector<Column>& list, std::string_view name, SqlValu
       return;
     }
   }
+  Append(list, name, std::move(value));
+}
+
+void SqlStatement::Append(std::vector<Column>& list, std::string_view name, SqlValue value) {
   // Room for a few at once: most statements have several columns.
   if (list.capacity() == 0) list.reserve(8);
   list.push_back(Column{std::move(value), std::string(name)});
+}
+
+void SqlStatement::AddNewColumn(std::string_view column, SqlValue value) {
+  Append(columns_, column, std::move(value));
 }
 
 void SqlStatement::Text(std::string_view column, std::string_view value) {

@@ -54,6 +54,12 @@ class SqlStatement {
   void Time(std::string_view column, host::Date value);      // the time alone
   void Number(std::string_view column, double value);
   void Null(std::string_view column);
+  // Sets a column to a value of any kind, as the setters above do.
+  void Set(std::string_view column, SqlValue value) { Put(columns_, column, std::move(value)); }
+  // Adds a column that the statement does not have yet, without looking
+  // for it: for a writer that sets each of its columns once. A column added
+  // twice this way is in the statement twice.
+  void AddNewColumn(std::string_view column, SqlValue value);
   void SelectColumn(std::string_view column);
   void KeyNumber(std::string_view column, double value);
   void KeyText(std::string_view column, std::string_view value);
@@ -71,6 +77,7 @@ class SqlStatement {
 
  private:
   static void Put(std::vector<Column>& list, std::string_view name, SqlValue value);
+  static void Append(std::vector<Column>& list, std::string_view name, SqlValue value);
 
   std::string table_;
   int operation_ = 0;

@@ -113,8 +113,9 @@ class EntityColumns {
   // on them, as they are.
   void WriteChanged(const Entity& entity, const Entity& before,
                     host::SqlStatement& statement) const {
+    const bool fresh = NoneSetIn(statement);
     for (size_t i = 0; i < columns_.size(); ++i) {
-      if (!SameIn(entity, before, i, i + 1)) WriteFrom(i, i + 1, entity, statement);
+      if (!SameIn(entity, before, i, i + 1)) WriteColumn(i, entity, statement, fresh);
     }
   }
 
@@ -173,25 +174,48 @@ class EntityColumns {
     return true;
   }
 
+  // Whether the statement has none of these columns yet. Each name is in
+  // the list once, so that then every column can be added without looking
+  // for it among those already set.
+  bool NoneSetIn(const host::SqlStatement& statement) const {
+    for (const auto& set : statement.Columns()) {
+      for (const Column& column : columns_) {
+        if (set.name == column.name) return false;
+      }
+    }
+    return true;
+  }
+
   void WriteFrom(size_t first, size_t end, const Entity& entity,
                  host::SqlStatement& statement) const {
-    for (size_t i = first; i < end; ++i) {
-      const Column& column = columns_[i];
-      std::visit(
-          [&](auto member) {
-            const auto& field = entity.*member;
-            using Field = std::decay_t<decltype(field)>;
-            if constexpr (std::is_same_v<Field, std::string>) {
-              statement.Text(column.name, field);
-            } else if constexpr (std::is_same_v<Field, bool>) {
-              statement.Boolean(column.name, field);
-            } else if constexpr (std::is_same_v<Field, std::optional<host::Date>>) {
-              SetDate(statement, column.name, field);
-            } else {
-              statement.Number(column.name, field);
-            }
-          },
-          column.member);
+    const bool fresh = NoneSetIn(statement);
+    for (size_t i = first; i < end; ++i) WriteColumn(i, entity, statement, fresh);
+  }
+
+  // Column `i` into the statement; `fresh`: it is not set there yet.
+  void WriteColumn(size_t i, const Entity& entity, host::SqlStatement& statement,
+                   bool fresh) const {
+    const Column& column = columns_[i];
+    host::SqlValue value = std::visit(
+        [&](auto member) {
+          const auto& field = entity.*member;
+          using Field = std::decay_t<decltype(field)>;
+          if constexpr (std::is_same_v<Field, std::string>) {
+            return host::SqlValue::Text(field);
+          } else if constexpr (std::is_same_v<Field, bool>) {
+            return host::SqlValue::Boolean(field);
+          } else if constexpr (std::is_same_v<Field, std::optional<host::Date>>) {
+            // A date not set is NULL.
+            return field ? host::SqlValue::DateTime(*field) : host::SqlValue::Null();
+          } else {
+            return host::SqlValue::Number(field);
+          }
+        },
+        column.member);
+    if (fresh) {
+      statement.AddNewColumn(column.name, std::move(value));
+    } else {
+      statement.Set(column.name, std::move(value));
     }
   }
 

@@ -1,6 +1,8 @@
 #include "standalone/services/SqliteItemService.h"
 
+#include <algorithm>
 #include <bit>
+#include <functional>
 #include <iterator>
 
 #include "connector/host/FieldConverter.h"
@@ -358,8 +360,12 @@ void SqliteItemService::Save(const Item& item) {
   const bool exists = trusted.row || filled.item;
   const std::optional<int64_t> counter_before = db_.ChangeCounter("Item");
   // A save that writes only what changed refuses what a save of every row
-  // would refuse: a text too long for its column, wherever it is.
-  CheckWhole(item, exists);
+  // would refuse: a text too long for its column, wherever it is. With
+  // nothing trusted every row is written whole, and the writes check the
+  // same texts in the same order.
+  if (trusted.row || std::ranges::any_of(trusted.collection, std::identity{})) {
+    CheckWhole(item, exists);
+  }
   writer_.Atomically([&] {
     const Item* loaded = trusted.row ? trusted.item : nullptr;
     bool row_unchanged = loaded != nullptr && kItemColumns.Same(item, *loaded) &&

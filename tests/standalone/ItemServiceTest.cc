@@ -171,6 +171,15 @@ TEST_F(ItemServiceTrust, ATextTooLongAnywhereInTheItemRefusesTheSave) {
   EXPECT_EQ(RaisedNumber([&] { items_.Save(*item); }), -2147217833);
   host_.Db().CommitTrans();
   EXPECT_EQ(host_.Scalar("SELECT Description FROM Item WHERE ItemID = 'A1'"), "Artigo");
+
+  // A new item, written whole: a barcode too long refuses its row too.
+  host::Item fresh;
+  fresh.ItemID = fresh.ItemKey = "N1";
+  host::ItemBarcode barcode;
+  barcode.Barcode = std::string(31, '7');
+  fresh.Barcodes.Add(barcode);
+  EXPECT_EQ(RaisedNumber([&] { items_.Save(fresh); }), -2147217833);
+  EXPECT_EQ(host_.Scalar("SELECT COUNT(*) FROM Item WHERE ItemID = 'N1'"), "0");
 }
 
 }  // namespace

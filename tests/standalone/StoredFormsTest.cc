@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 #include "connector/host/SqlStatement.h"
+#include "standalone/services/EntityColumns.h"
 #include "tests/standalone/ScratchDatabase.h"
 
 namespace standalone {
@@ -99,6 +101,43 @@ TEST_F(StoredForms, StatementsWriteEachKindOfValueAndNameRowsByTheirKeys) {
   remove.KeyText("Name", "O'Neil");  // the last value of a key holds
   db_->RunDelete(remove);
   EXPECT_EQ(Rows("SELECT Name FROM Forms"), "Silva");
+}
+
+// An entity's columns go into a statement each once: added without looking
+// when the statement has none of them, set in place of a value it has.
+TEST_F(StoredForms, AnEntitysColumnsReplaceWhatTheStatementHolds) {
+  struct Form {
+    std::string Name;
+    bool Flag = false;
+    std::optional<host::Date> At;
+    int16_t Small = 0;
+  };
+  const EntityColumns<Form> columns = {
+      {"Name", &Form::Name}, {"Flag", &Form::Flag}, {"At", &Form::At}, {"Small", &Form::Small}};
+  const Form form{"Silva", true, MakeDate(2026, 11, 24), 3};
+  for (bool name_first : {false, true}) {
+    host::SqlStatement insert;
+    insert.SetTable("Forms");
+    insert.Number("Id", name_first ? 2 : 1);
+    if (name_first) insert.Text("Name", "before");
+    columns.Write(form, insert);
+    EXPECT_EQ(insert.Columns().size(), 5u);
+    db_->RunInsert(insert);
+  }
+  // Of an update, only what differs from the row as it was.
+  Form changed = form;
+  changed.Small = 9;
+  changed.At.reset();
+  host::SqlStatement update;
+  update.SetTable("Forms");
+  update.Text("Name", "Souza");
+  columns.WriteChanged(changed, form, update);
+  update.KeyNumber("Id", 2);
+  EXPECT_EQ(update.Columns().size(), 3u);
+  db_->RunUpdate(update);
+  EXPECT_EQ(Rows("SELECT Id || '/' || Name || '/' || Flag || '/' || IFNULL(At, 'null') || '/' || "
+                 "Small FROM Forms ORDER BY Id"),
+            "1/Silva/1/2026-11-24 00:00:00/3,2/Souza/1/null/9");
 }
 
 }  // namespace
