@@ -53,6 +53,14 @@ RecordsetPtr DatabaseService::Query(std::string_view sql, const std::vector<SqlV
   return OpenRecordset(text);
 }
 
+void DatabaseService::QueryEach(std::string_view sql, const std::vector<SqlValue>& values,
+                                const std::function<void(const RowReader&)>& each) {
+  RecordsetPtr rows = Query(sql, values);
+  if (!rows->IsOpen()) return;
+  RecordsetRowReader reader(*rows);
+  for (; !rows->Eof(); rows->MoveNext()) each(reader);
+}
+
 void DatabaseService::RunInsert(const SqlStatement& statement) {
   OpenRecordset(StatementRunner().InsertText(statement), 128, false);
 }

@@ -2,6 +2,7 @@
 #define LUMARO_CONNECTOR_HOST_DATABASE_SERVICE_H_
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 
 #include "connector/host/Date.h"
 #include "connector/host/Recordset.h"
+#include "connector/host/RowReader.h"
 #include "connector/host/SqlStatement.h"
 
 namespace host {
@@ -92,6 +94,11 @@ class DatabaseService {
   // does; a database that takes parameters binds them instead, and prepares
   // the text once for all the values it runs with.
   virtual RecordsetPtr Query(std::string_view sql, const std::vector<SqlValue>& values);
+  // The same query, each row of it handed to `each` in turn, rather than
+  // all of them in a recordset. This default reads the recordset of Query;
+  // a database may read each row where it stands.
+  virtual void QueryEach(std::string_view sql, const std::vector<SqlValue>& values,
+                         const std::function<void(const RowReader&)>& each);
   virtual const host::StatementRunner& StatementRunner() const = 0;
   virtual SchemaService& Schema() = 0;
 

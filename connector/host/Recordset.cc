@@ -118,12 +118,13 @@ int Recordset::IndexOf(std::string_view name) const {
 const Variant& Recordset::Fields(std::string_view name) const {
   RequireOpen();
   int index = IndexOf(name);
-  if (index < 0) {
-    RaiseWith(err::kItemNotFound,
-              StandardDescription(err::kItemNotFound) + " (" + std::string(name) + ")",
-              "Recordset");
-  }
+  if (index < 0) RaiseNoSuchField(name);
   return Fields(index);
+}
+
+void RaiseNoSuchField(std::string_view name) {
+  RaiseWith(err::kItemNotFound,
+            StandardDescription(err::kItemNotFound) + " (" + std::string(name) + ")", "Recordset");
 }
 
 const Variant& Recordset::Fields(int index) const {

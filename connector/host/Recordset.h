@@ -32,6 +32,9 @@ class RecordsetColumns {
   bool all_ascii_ = true;
 };
 
+// Raises 3265 for a field `name` that a recordset does not have.
+[[noreturn]] void RaiseNoSuchField(std::string_view name);
+
 // A client-side recordset in ADO's manner (cursor location 3): every row is
 // read when the statement runs, so RecordCount, MoveFirst, Filter and Find
 // work at any time. Fields are found by name without regard to case (the

@@ -16,6 +16,7 @@
 
 #include "connector/host/FieldConverter.h"
 #include "connector/host/Recordset.h"
+#include "connector/host/RowReader.h"
 #include "connector/host/SqlStatement.h"
 #include "standalone/services/EntityRows.h"
 
@@ -50,10 +51,37 @@ class EntityColumns {
     return list;
   }
 
+  // A row's columns into the entity's members: what Read of a recordset
+  // of the query would give.
+  void Read(const host::RowReader& row, Entity& entity) const {
+    const std::vector<int>& positions = PositionsIn(row.Columns());
+    for (size_t i = 0; i < columns_.size(); ++i) {
+      const Column& column = columns_[i];
+      const int at = positions[i];
+      // A missing field raises as a recordset's read by name does.
+      if (at < 0) host::RaiseNoSuchField(column.name);
+      std::visit(
+          [&](auto member) {
+            auto& field = entity.*member;
+            using Field = std::decay_t<decltype(field)>;
+            if constexpr (std::is_same_v<Field, std::string>) {
+              row.TextInto(at, field);
+            } else if constexpr (std::is_same_v<Field, bool>) {
+              field = row.Truth(at);
+            } else if constexpr (std::is_same_v<Field, std::optional<host::Date>>) {
+              field = DateOrNull(row.Value(at));
+            } else {
+              field = static_cast<Field>(row.Number(at));
+            }
+          },
+          column.member);
+    }
+  }
+
   // The current row's columns into the entity's members.
   void Read(const host::Recordset& row, Entity& entity) const {
     using host::FieldConverter;
-    const std::vector<int>& positions = PositionsIn(row);
+    const std::vector<int>& positions = PositionsIn(row.Columns());
     for (size_t i = 0; i < columns_.size(); ++i) {
       const Column& column = columns_[i];
       // A missing field raises as a read by name does.
@@ -144,7 +172,8 @@ class EntityColumns {
   // The position of each column in the row's recordset, found once for the
   // recordsets of one statement (they share their columns); the last found
   // is kept, for the thread that asks.
-  const std::vector<int>& PositionsIn(const host::Recordset& row) const {
+  const std::vector<int>& PositionsIn(
+      const std::shared_ptr<const host::RecordsetColumns>& columns) const {
     struct Found {
       const EntityColumns* owner = nullptr;
       std::shared_ptr<const host::RecordsetColumns>
@@ -152,7 +181,6 @@ class EntityColumns {
       std::vector<int> positions;
     };
     thread_local Found found;
-    const auto& columns = row.Columns();
     if (found.owner != this || found.columns != columns || !columns) {
       found.owner = this;
       found.columns = columns;

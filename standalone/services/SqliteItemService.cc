@@ -146,11 +146,13 @@ SqliteItemService::Filled SqliteItemService::CollectionsWithRows(std::string_vie
   std::string& sql = exists_sql_[asked];
   if (sql.empty())
     sql = "SELECT EXISTS(SELECT 1 FROM Item WHERE ItemID=?)" + CollectionFlags(asked, "?");
-  auto rs = db_.Query(
-      sql, std::vector<host::SqlValue>(std::popcount(asked) + 1, host::SqlValue::Text(item_id)));
   Filled filled;
-  filled.item = FieldConverter::ToBoolean(rs->Fields(0));
-  ReadFlags(*rs, 1, asked, filled);
+  db_.QueryEach(
+      sql, std::vector<host::SqlValue>(std::popcount(asked) + 1, host::SqlValue::Text(item_id)),
+      [&](const host::RowReader& row) {
+        filled.item = row.Truth(0);
+        ReadFlags(row, 1, asked, filled);
+      });
   return filled;
 }
 
@@ -175,11 +177,11 @@ SqliteItemService::Mask SqliteItemService::CollectionsToAsk(const Counters& coun
   return asked;
 }
 
-void SqliteItemService::ReadFlags(const host::Recordset& rs, int first, Mask asked,
+void SqliteItemService::ReadFlags(const host::RowReader& row, int first, Mask asked,
                                   Filled& filled) {
   int position = first;
   for (int i = 0; i < kCollectionCount; ++i) {
-    filled.collection[i] = (asked & (1u << i)) && FieldConverter::ToBoolean(rs.Fields(position++));
+    filled.collection[i] = (asked & (1u << i)) && row.Truth(position++);
   }
 }
 
@@ -195,9 +197,8 @@ std::vector<Row> SqliteItemService::LoadRows(Collection collection, const Filled
     sql = "SELECT " + columns.NameList() + " FROM " + kCollectionTables[collection] +
           " WHERE ItemID=?" + (order_by ? std::string(" ORDER BY ") + order_by : "");
   }
-  for (auto rs = db_.Query(sql, {host::SqlValue::Text(item_id)}); !rs->Eof(); rs->MoveNext()) {
-    columns.Read(*rs, rows.emplace_back());
-  }
+  db_.QueryEach(sql, {host::SqlValue::Text(item_id)},
+                [&](const host::RowReader& row) { columns.Read(row, rows.emplace_back()); });
   return rows;
 }
 
@@ -313,15 +314,19 @@ std::shared_ptr<host::Item> SqliteItemService::Get(std::string_view item_id) {
     sql = "SELECT ItemID, FamilyID, " + kItemColumns.NameList() +
           CollectionFlags(asked, "Item.ItemID") + " FROM Item WHERE ItemID=?";
   }
-  auto rs = db_.Query(sql, {host::SqlValue::Text(item_id)});
-  if (rs->Eof()) return nullptr;
-  auto item = std::make_shared<Item>();
-  item->ItemID = FieldConverter::ToText(rs->Fields("ItemID"));
-  kItemColumns.Read(*rs, *item);
-  item->Family.FamilyID = FieldConverter::ToNumber(rs->Fields("FamilyID"));
+  std::shared_ptr<Item> item;
   Filled filled;
   filled.item = true;
-  ReadFlags(*rs, rs->FieldCount() - std::popcount(asked), asked, filled);
+  db_.QueryEach(sql, {host::SqlValue::Text(item_id)}, [&](const host::RowReader& row) {
+    if (item) return;  // one row: ItemID is the key
+    item = std::make_shared<Item>();
+    row.TextInto(0, item->ItemID);  // the columns ItemID and FamilyID come first
+    item->Family.FamilyID = row.Number(1);
+    kItemColumns.Read(row, *item);
+    const int count = static_cast<int>(row.Columns()->size());
+    ReadFlags(row, count - std::popcount(asked), asked, filled);
+  });
+  if (!item) return nullptr;
 
   item->SellingPrices.rows =
       LoadRows(kPrices, filled, item->ItemID, "PriceLineID, ColorID, SizeID, LotID", kPriceColumns);

@@ -99,7 +99,7 @@ class SqliteItemService : public host::ItemService {
   Mask CollectionsToAsk(const Counters& counters);
   // The flags of the collections `asked`, from position `first` of the
   // row on; the others have no rows.
-  static void ReadFlags(const host::Recordset& rs, int first, Mask asked, Filled& filled);
+  static void ReadFlags(const host::RowReader& row, int first, Mask asked, Filled& filled);
   // Raise as the writes of every row of the item (of the collection) would
   // for a text too long for its column.
   void CheckWhole(const host::Item& item, bool exists);

@@ -397,6 +397,8 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
   std::optional<size_t> values_depth;
   Kind previous_kind = Kind::kBlank;
   std::string_view previous;
+  size_t significant = 0;       // tokens other than blanks before this one
+  bool leading_delete = false;  // the statement starts with DELETE
   auto previous_word = [&](std::string_view word) {
     return previous_kind == Kind::kWord && SameWord(previous, word);
   };
@@ -422,10 +424,25 @@ ParameterizedSql ScanStatement(std::string_view sql, bool& needs_translation) {
                (SameWord(text, "SELECT") || SameWord(text, "INSERT") || SameWord(text, "UPDATE") ||
                 SameWord(text, "DELETE") || SameWord(text, "WITH"));
     }
-    if (kind == Kind::kWord && (SameWord(text, "TOP") || SameWord(text, "dbo") ||
-                                SameWord(text, "DELETE") || SameWord(text, "TRUNCATE"))) {
+    if (kind == Kind::kWord &&
+        (SameWord(text, "TOP") || SameWord(text, "dbo") || SameWord(text, "TRUNCATE"))) {
       needs_translation = true;
     }
+    // A delete across a join needs translating: "DELETE T FROM ..." or
+    // "DELETE FROM T FROM ...". A plain "DELETE FROM T ..." is SQLite's own,
+    // and scanning it once is enough.
+    if (kind == Kind::kWord && SameWord(text, "DELETE")) {
+      if (significant == 0) {
+        leading_delete = true;
+      } else {
+        needs_translation = true;
+      }
+    } else if (leading_delete &&
+               ((significant == 1 && !(kind == Kind::kWord && SameWord(text, "FROM"))) ||
+                (significant == 3 && kind == Kind::kWord && SameWord(text, "FROM")))) {
+      needs_translation = true;
+    }
+    ++significant;
     // "[dbo]." and "\"dbo\"." are the prefix too.
     if (kind == Kind::kIdentifier && SameWord(IdentifierName(kind, text), "dbo")) {
       needs_translation = true;

@@ -111,6 +111,67 @@ host::Variant ReadValue(sqlite3_stmt* statement, int column, DeclaredKind kind) 
   }
 }
 
+// The current row of a stepped statement. The typed reads take the short
+// way for the forms SQLite stores by the column's declared kind, each giving
+// what the FieldConverter gives for ReadValue's field; any other form goes
+// through that field.
+class SqliteRowReader : public host::RowReader {
+ public:
+  SqliteRowReader(sqlite3_stmt* statement,
+                  const std::shared_ptr<const host::RecordsetColumns>& columns,
+                  const std::vector<int>& kinds)
+      : statement_(statement), columns_(columns), kinds_(kinds) {}
+
+  const std::shared_ptr<const host::RecordsetColumns>& Columns() const override { return columns_; }
+  host::Variant Value(int column) const override {
+    return ReadValue(statement_, column, Kind(column));
+  }
+  void TextInto(int column, std::string& text) const override {
+    const DeclaredKind kind = Kind(column);
+    // Text is read as text but in a date or truth column, which parse it.
+    if (sqlite3_column_type(statement_, column) == SQLITE_TEXT && kind != DeclaredKind::kDate &&
+        kind != DeclaredKind::kBoolean) {
+      const unsigned char* bytes = sqlite3_column_text(statement_, column);
+      text.assign(reinterpret_cast<const char*>(bytes), sqlite3_column_bytes(statement_, column));
+      return;
+    }
+    RowReader::TextInto(column, text);
+  }
+  double Number(int column) const override {
+    if (IsNumberKind(Kind(column))) {
+      switch (sqlite3_column_type(statement_, column)) {
+        case SQLITE_INTEGER:
+          return static_cast<double>(sqlite3_column_int64(statement_, column));
+        case SQLITE_FLOAT:
+          return sqlite3_column_double(statement_, column);
+        default:
+          break;
+      }
+    }
+    return RowReader::Number(column);
+  }
+  bool Truth(int column) const override {
+    const int storage = sqlite3_column_type(statement_, column);
+    if (Kind(column) == DeclaredKind::kBoolean &&
+        (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT)) {
+      return sqlite3_column_double(statement_, column) != 0;
+    }
+    return RowReader::Truth(column);
+  }
+
+ private:
+  DeclaredKind Kind(int column) const { return static_cast<DeclaredKind>(kinds_[column]); }
+  // The kinds whose INTEGER and FLOAT values read as numbers.
+  static bool IsNumberKind(DeclaredKind kind) {
+    return kind == DeclaredKind::kInteger16 || kind == DeclaredKind::kInteger32 ||
+           kind == DeclaredKind::kDouble || kind == DeclaredKind::kAuto;
+  }
+
+  sqlite3_stmt* statement_;
+  const std::shared_ptr<const host::RecordsetColumns>& columns_;
+  const std::vector<int>& kinds_;
+};
+
 // lumaro_now(): the host's clock, in the stored form of a date.
 void NowFunction(sqlite3_context* context, int, sqlite3_value**) {
   std::string now = StoredDateText(host::Now());
@@ -367,9 +428,26 @@ host::RecordsetPtr SqliteDatabase::Query(std::string_view sql,
   return RunBound(sql, bound, true);
 }
 
+void SqliteDatabase::QueryEach(std::string_view sql, const std::vector<host::SqlValue>& values,
+                               const std::function<void(const host::RowReader&)>& each) {
+  std::vector<const host::SqlValue*> bound;
+  bound.reserve(values.size());
+  for (const host::SqlValue& value : values) bound.push_back(&value);
+  sqlite3_stmt* statement = Bound(sql, bound, true);
+  StepAll(statement, sql, true, [&](const ResultColumns& columns) {
+    each(SqliteRowReader(statement, columns.names, columns.kinds));
+  });
+}
+
 host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
                                             const std::vector<const host::SqlValue*>& values,
                                             bool translate) {
+  return Run(Bound(sql, values, translate), sql, true);
+}
+
+sqlite3_stmt* SqliteDatabase::Bound(std::string_view sql,
+                                    const std::vector<const host::SqlValue*>& values,
+                                    bool translate) {
   RequireOpen();
   if (observer_) observer_(sql);
   ++stats_.executed;
@@ -396,7 +474,7 @@ host::RecordsetPtr SqliteDatabase::RunBound(std::string_view sql,
   for (size_t i = 0; i < values.size(); ++i) {
     BindSqlValue(statement, static_cast<int>(i + 1), *values[i]);
   }
-  return Run(statement, sql, true);
+  return statement;
 }
 
 host::RecordsetPtr SqliteDatabase::RunShape(StatementTexts::Shape shape,
@@ -457,22 +535,16 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::ColumnsOf(sqlite3_stmt* sta
   return result_columns_[statement] = std::move(columns);
 }
 
-host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql, bool cached) {
-  std::vector<host::Recordset::Row> rows;
+template <typename OnRow>
+const SqliteDatabase::ResultColumns& SqliteDatabase::StepAll(sqlite3_stmt* statement,
+                                                             std::string_view sql, bool cached,
+                                                             OnRow&& on_row) {
   // The columns are taken after the first step: a statement that SQLite
   // prepared again there, after the schema changed, may have others.
   int rc = sqlite3_step(statement);
   const ResultColumns& columns = ColumnsOf(statement, cached);
-  int column_count = static_cast<int>(columns.kinds.size());
   try {
-    for (; rc == SQLITE_ROW; rc = sqlite3_step(statement)) {
-      host::Recordset::Row row;
-      row.reserve(column_count);
-      for (int c = 0; c < column_count; ++c) {
-        row.push_back(ReadValue(statement, c, static_cast<DeclaredKind>(columns.kinds[c])));
-      }
-      rows.push_back(std::move(row));
-    }
+    for (; rc == SQLITE_ROW; rc = sqlite3_step(statement)) on_row(columns);
   } catch (...) {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
@@ -489,7 +561,21 @@ host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
   AfterStatement(statement, false, false);
-  if (column_count == 0) return std::make_shared<host::Recordset>();
+  return columns;
+}
+
+host::RecordsetPtr SqliteDatabase::Run(sqlite3_stmt* statement, std::string_view sql, bool cached) {
+  std::vector<host::Recordset::Row> rows;
+  const ResultColumns& columns = StepAll(statement, sql, cached, [&](const ResultColumns& columns) {
+    const int column_count = static_cast<int>(columns.kinds.size());
+    host::Recordset::Row row;
+    row.reserve(column_count);
+    for (int c = 0; c < column_count; ++c) {
+      row.push_back(ReadValue(statement, c, static_cast<DeclaredKind>(columns.kinds[c])));
+    }
+    rows.push_back(std::move(row));
+  });
+  if (columns.kinds.empty()) return std::make_shared<host::Recordset>();
   return std::make_shared<host::Recordset>(columns.names, std::move(rows));
 }
 

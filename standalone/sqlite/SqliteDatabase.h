@@ -63,6 +63,9 @@ class SqliteDatabase : public PosEngine {
   // prepared once and kept for every later run of it.
   host::RecordsetPtr Query(std::string_view sql,
                            const std::vector<host::SqlValue>& values) override;
+  // As Query, each row read where SQLite holds it.
+  void QueryEach(std::string_view sql, const std::vector<host::SqlValue>& values,
+                 const std::function<void(const host::RowReader&)>& each) override;
   // The statement's values are bound, never written into its text: its
   // text depends on its table and column names alone and is prepared once.
   void RunInsert(const host::SqlStatement& statement) override;
@@ -123,10 +126,20 @@ class SqliteDatabase : public PosEngine {
   };
   // Read once for a cached statement (`cached`), afresh for another.
   const ResultColumns& ColumnsOf(sqlite3_stmt* statement, bool cached);
+  // Steps the statement to its end, calling `on_row(columns)` at each row,
+  // and leaves it reset; raises with `sql` when SQLite refuses it. The
+  // result's columns (none for a statement that returns no rows).
+  template <typename OnRow>
+  const ResultColumns& StepAll(sqlite3_stmt* statement, std::string_view sql, bool cached,
+                               OnRow&& on_row);
   // Steps the statement to its end; its rows as a client-side recordset.
   host::RecordsetPtr Run(sqlite3_stmt* statement, std::string_view sql, bool cached);
-  // Runs a text with ? markers and the values they stand for; `translate`
-  // when the text is in the connector's dialect rather than SQLite's.
+  // The prepared statement of a text with ? markers, the values they stand
+  // for bound; `translate` when the text is in the connector's dialect
+  // rather than SQLite's.
+  sqlite3_stmt* Bound(std::string_view sql, const std::vector<const host::SqlValue*>& values,
+                      bool translate);
+  // Bound, then Run.
   host::RecordsetPtr RunBound(std::string_view sql,
                               const std::vector<const host::SqlValue*>& values, bool translate);
   host::RecordsetPtr RunShape(StatementTexts::Shape shape, const host::SqlStatement& statement);

@@ -110,6 +110,15 @@ TEST_F(SqlDialect, OnePassGivesWhatTranslatingThenParameterizingGives) {
       // literal in its place.
       "SELECT TOP (1 'Sem título' AS Name FROM Item WHERE ItemID = 4",
       "SELECT TOP (5",
+      // Deletes: plain ones are SQLite's own, those across a join are not.
+      "delete from [Item] where ItemID = 2",
+      "DELETE FROM Item WHERE Description = 'x' AND ItemID IN (SELECT ItemID FROM Item "
+      "WHERE ItemID > 3)",
+      "DELETE Item.* FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID "
+      "WHERE Family.Name = 'Old'",
+      "DELETE FROM Item FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID "
+      "WHERE Family.Name = 'Old'",
+      "DELETE i FROM Item i INNER JOIN Family f ON i.FamilyID = f.FamilyID WHERE f.Name = 'Keep'",
   };
   for (const std::string& sql : statements) {
     ParameterizedSql one_pass = PrepareForSqlite(sql);

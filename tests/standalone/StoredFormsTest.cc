@@ -2,9 +2,14 @@
 
 #include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
+#include "connector/host/FieldConverter.h"
 #include "connector/host/SqlStatement.h"
 #include "standalone/services/EntityColumns.h"
+#include "tests/host/HostTestTools.h"
 #include "tests/standalone/ScratchDatabase.h"
 
 namespace standalone {
@@ -101,6 +106,64 @@ TEST_F(StoredForms, StatementsWriteEachKindOfValueAndNameRowsByTheirKeys) {
   remove.KeyText("Name", "O'Neil");  // the last value of a key holds
   db_->RunDelete(remove);
   EXPECT_EQ(Rows("SELECT Name FROM Forms"), "Silva");
+}
+
+// What a read gives: its value, or the number of the error it raises.
+template <typename Read>
+std::pair<std::invoke_result_t<Read>, int32_t> Outcome(Read read) {
+  std::invoke_result_t<Read> value{};
+  int32_t error = host::RaisedNumber([&] { value = read(); });
+  return {value, error};
+}
+
+// A row read where SQLite holds it gives, for each form a column may store,
+// the text, number and truth a recordset's field of it gives.
+TEST_F(StoredForms, ARowReadInPlaceGivesWhatItsRecordsetGives) {
+  db_->ExecuteScript(
+      "INSERT INTO Forms VALUES (1, '2026-11-24 10:30:00', 1, 7, 123456, 20000000005, 12.5, "
+      "'Silva');"
+      "INSERT INTO Forms VALUES (2, 46350.25, -1, '12', 4.75, '3e2', 'x', 42);"
+      "INSERT INTO Forms VALUES (3, 'not a date', 'True', 70000, NULL, 1.5, '', X'4142');"
+      "INSERT INTO Forms VALUES (NULL, NULL, 0.5, -3.0, ' 8 ', -0.0, NULL, 'Ávila');"
+      "INSERT INTO Forms VALUES ('7', 'x', 'no', NULL, 2.0, NULL, -1e300, '2026-01-01');");
+  const std::string select = "SELECT * FROM Forms ORDER BY rowid";
+  host::RecordsetPtr expected = db_->Query(select, {});
+  std::vector<std::string> seen;
+  // The database's own reader, then the default one over a recordset.
+  for (bool in_place : {true, false}) {
+    expected->MoveFirst();
+    auto compare = [&](const host::RowReader& row) {
+      ASSERT_FALSE(expected->Eof());
+      for (int c = 0; c < expected->FieldCount(); ++c) {
+        const Variant& field = expected->Fields(c);
+        std::string text = "left over";
+        // A text of bytes, a number or truth of a text that is none raise,
+        // alike.
+        EXPECT_EQ(Outcome([&] {
+                    row.TextInto(c, text);
+                    return text;
+                  }),
+                  Outcome([&] { return host::FieldConverter::ToText(field); }))
+            << c;
+        EXPECT_EQ(Outcome([&] { return row.Number(c); }),
+                  Outcome([&] { return host::FieldConverter::ToNumber(field); }))
+            << c << " " << text;
+        EXPECT_EQ(Outcome([&] { return row.Truth(c); }),
+                  Outcome([&] { return host::FieldConverter::ToBoolean(field); }))
+            << c << " " << text;
+        EXPECT_EQ(row.Value(c), field) << c;
+        if (in_place) seen.push_back(text);
+      }
+      expected->MoveNext();
+    };
+    if (in_place) {
+      db_->QueryEach(select, {}, compare);
+    } else {
+      db_->host::DatabaseService::QueryEach(select, {}, compare);
+    }
+    EXPECT_TRUE(expected->Eof());
+  }
+  EXPECT_EQ(seen.size(), 40u);
 }
 
 // An entity's columns go into a statement each once: added without looking
