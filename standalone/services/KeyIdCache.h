@@ -34,21 +34,27 @@ class KeyIdCache {
   }
 
   // The caller saved one row of the table, `id`'s, which now has `key`;
-  // the counter stood at `before` and stands at `after`. What the save may
-  // have changed is forgotten: the id's former key and the key it has now
-  // (another row may have had it, with an id that no longer comes first).
+  // the counter stood at `before` and stands at `after`. The id's former
+  // key is forgotten (another row may have it). The key it has now gives
+  // `id` when it was known to give none (this row is the only one with it)
+  // or `id` already; after another id, which of the two comes first is the
+  // database's to say, and it is forgotten.
   void Saved(std::optional<int64_t> before, std::optional<int64_t> after, const Id& id,
              const std::string& key) {
     Follow(before);
+    std::optional<Id> known;
+    if (auto taken = id_of_key_.find(key); taken != id_of_key_.end()) known = taken->second;
     auto former = key_of_id_.find(id);
     if (former != key_of_id_.end()) {
-      id_of_key_.erase(former->second);
+      if (former->second != key) id_of_key_.erase(former->second);
       key_of_id_.erase(former);
     }
-    auto taken = id_of_key_.find(key);
-    if (taken != id_of_key_.end()) {
-      key_of_id_.erase(taken->second);
-      id_of_key_.erase(taken);
+    if (known && (*known == Id{} || *known == id)) {
+      id_of_key_[key] = id;
+      key_of_id_[id] = key;
+    } else if (known) {
+      key_of_id_.erase(*known);
+      id_of_key_.erase(key);
     }
     counter_ = before ? after : std::nullopt;
     if (!counter_) Clear();

@@ -114,6 +114,20 @@ TEST_F(ItemServiceTrust, AKeyIsLookedUpAgainOnceAnItemChangedOrASaveMovedIt) {
   other.ItemKey = "K9";
   items_.Save(other);  // A0 comes first with K9 now
   EXPECT_EQ(items_.GetItemIDFromKey("K9"), "A0");
+  // A key known to name no item names the one saved with it.
+  EXPECT_EQ(items_.GetItemIDFromKey("K5"), "");
+  host::Item fifth;
+  fifth.ItemID = "A5";
+  fifth.ItemKey = "K5";
+  items_.Save(fifth);
+  EXPECT_EQ(items_.GetItemIDFromKey("K5"), "A5");
+  fifth.Description = "Quinto";
+  items_.Save(fifth);
+  EXPECT_EQ(items_.GetItemIDFromKey("K5"), "A5");
+  fifth.ItemKey = "K9";  // after A0
+  items_.Save(fifth);
+  EXPECT_EQ(items_.GetItemIDFromKey("K5"), "");
+  EXPECT_EQ(items_.GetItemIDFromKey("K9"), "A0");
   host_.Db().CommitTrans();
 
   // The key of an id, read once, follows the service's own saves.
