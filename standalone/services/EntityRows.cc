@@ -232,11 +232,6 @@ void EntityWriter::CheckLengths(const host::SqlStatement& statement) {
   }
 }
 
-void EntityWriter::CheckText(std::string_view table, std::string_view column,
-                             const std::string& text) {
-  CheckTextIn(Info(table), table, column, text);
-}
-
 void EntityWriter::CheckTextIn(const TableInfo& info, std::string_view table,
                                std::string_view column, const std::string& text) {
   auto limit = info.lengths.find(column);

@@ -63,9 +63,28 @@ class EntityWriter {
   // default. False, with nothing written, when a default is no plain value
   // (an expression), and the caller must delete and insert.
   bool Rewrite(host::SqlStatement statement);
-  // Refuses, as Insert and Update do, a text longer than its column: for a
-  // caller that writes only part of an entity but must refuse it whole.
-  void CheckText(std::string_view table, std::string_view column, const std::string& text);
+
+ private:
+  struct TableInfo;
+
+ public:
+  // Refuses, as Insert and Update do, a text longer than its column of the
+  // one table: for a caller that writes only part of an entity but must
+  // refuse it whole. The writer outlives it.
+  class TextCheck {
+   public:
+    void operator()(std::string_view column, const std::string& text) const {
+      CheckTextIn(info_, table_, column, text);
+    }
+
+   private:
+    friend class EntityWriter;
+    TextCheck(const TableInfo& info, std::string_view table) : info_(info), table_(table) {}
+    const TableInfo& info_;
+    std::string_view table_;
+  };
+  // `table` outlives the check.
+  TextCheck CheckTextsOf(std::string_view table) { return TextCheck(Info(table), table); }
 
  private:
   enum class Kind { kInsert, kUpdate, kDelete };

@@ -428,21 +428,18 @@ void SqliteItemService::Save(const Item& item) {
 template <typename Row>
 void SqliteItemService::CheckRows(Collection collection, const std::string& item_id,
                                   const std::vector<Row>& rows, const EntityColumns<Row>& columns) {
-  const std::string_view table = kCollectionTables[collection];
+  if (rows.empty()) return;
+  const EntityWriter::TextCheck check = writer_.CheckTextsOf(kCollectionTables[collection]);
   for (const Row& row : rows) {
-    writer_.CheckText(table, "ItemID", item_id);
-    columns.ForEachText(row, [&](const char* column, const std::string& text) {
-      writer_.CheckText(table, column, text);
-    });
+    check("ItemID", item_id);
+    columns.ForEachText(row, check);
   }
 }
 
 void SqliteItemService::CheckWhole(const Item& item, bool exists) {
-  const std::string_view table = "Item";
-  kItemColumns.ForEachText(item, [&](const char* column, const std::string& text) {
-    writer_.CheckText(table, column, text);
-  });
-  if (!exists) writer_.CheckText(table, "ItemID", item.ItemID);
+  const EntityWriter::TextCheck check = writer_.CheckTextsOf("Item");
+  kItemColumns.ForEachText(item, check);
+  if (!exists) check("ItemID", item.ItemID);
   CheckRows(kPrices, item.ItemID, item.SellingPrices.rows, kPriceColumns);
   CheckRows(kSuppliers, item.ItemID, item.Suppliers, kSupplierColumns);
   CheckRows(kBarcodes, item.ItemID, item.Barcodes.rows, kBarcodeColumns);
