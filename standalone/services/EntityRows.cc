@@ -169,22 +169,28 @@ bool EntityWriter::Rewrite(host::SqlStatement statement) {
     }
     return false;
   };
-  std::vector<std::pair<std::string, host::SqlValue>> others;
-  for (const auto& [name, value] : Info(statement.Table()).defaults) {
-    if (named(name)) continue;
-    if (!value) return false;
-    others.emplace_back(name, *value);
+  // The columns the statement does not name, each with its default.
+  const auto& defaults = Info(statement.Table()).defaults;
+  std::vector<const std::pair<std::string, std::optional<host::SqlValue>>*> others;
+  others.reserve(defaults.size());
+  for (const auto& column : defaults) {
+    if (named(column.first)) continue;
+    if (!column.second) return false;
+    others.push_back(&column);
   }
-  for (const auto& [name, value] : others) {
+  statement.ReserveColumns(statement.Columns().size() + others.size());
+  for (const auto* column : others) {
+    const host::SqlValue& value = *column->second;
+    // Not named, so not among the columns yet.
     switch (value.kind) {
       case host::SqlValue::Kind::kText:
-        statement.Text(name, value.text);
+        statement.AddNewColumn(column->first, host::SqlValue::Text(value.text));
         break;
       case host::SqlValue::Kind::kNumber:
-        statement.Number(name, value.number);
+        statement.AddNewColumn(column->first, host::SqlValue::Number(value.number));
         break;
       default:
-        statement.Null(name);
+        statement.AddNewColumn(column->first, host::SqlValue::Null());
         break;
     }
   }

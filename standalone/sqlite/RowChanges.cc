@@ -27,8 +27,19 @@ void RowChanges::OnChange(void* self, int, const char*, const char* table, int64
 }
 
 int64_t RowChanges::Of(std::string_view table) const {
-  auto found = by_table_.find(table);
-  return found == by_table_.end() ? 0 : found->second;
+  for (const Asked& asked : asked_) {
+    if (asked.name == table) return *asked.count;
+  }
+  // A table not yet changed gets its count of 0 here, for the hook to move.
+  const int64_t* count = &by_table_.try_emplace(std::string(table), 0).first->second;
+  constexpr size_t kAskedKept = 8;
+  if (asked_.size() < kAskedKept) {
+    asked_.push_back({std::string(table), count});
+  } else {
+    asked_[next_asked_] = {std::string(table), count};
+    next_asked_ = (next_asked_ + 1) % kAskedKept;
+  }
+  return *count;
 }
 
 bool RowChanges::AllSeen() {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "connector/host/AsciiNames.h"
 
@@ -32,11 +33,21 @@ class RowChanges {
                        int64_t rowid);
 
   sqlite3* db_ = nullptr;
-  // Table names, as SQL has them, without regard to case.
-  std::unordered_map<std::string, int64_t, host::AsciiNoCaseHash, host::AsciiNoCaseEqual> by_table_;
-  int64_t seen_ = 0;           // rows the hook saw
-  int64_t seen_settled_ = 0;   // ... at the last AllSeen
-  int64_t total_settled_ = 0;  // SQLite's count at the last AllSeen
+  // Table names, as SQL has them, without regard to case. Never erased: a
+  // count's address stays.
+  mutable std::unordered_map<std::string, int64_t, host::AsciiNoCaseHash, host::AsciiNoCaseEqual>
+      by_table_;
+  // The names last asked for, as they were spelled, with their counts: a
+  // caller asks for the same few tables again and again.
+  struct Asked {
+    std::string name;
+    const int64_t* count;
+  };
+  mutable std::vector<Asked> asked_;
+  mutable size_t next_asked_ = 0;  // the one to replace next
+  int64_t seen_ = 0;               // rows the hook saw
+  int64_t seen_settled_ = 0;       // ... at the last AllSeen
+  int64_t total_settled_ = 0;      // SQLite's count at the last AllSeen
 };
 
 }  // namespace standalone
