@@ -96,7 +96,8 @@ class DatabaseService {
   virtual RecordsetPtr Query(std::string_view sql, const std::vector<SqlValue>& values);
   // The same query, each row of it handed to `each` in turn, rather than
   // all of them in a recordset. This default reads the recordset of Query;
-  // a database may read each row where it stands.
+  // a database may read each row where it stands, while the statement runs:
+  // `each` runs no statement of this database.
   virtual void QueryEach(std::string_view sql, const std::vector<SqlValue>& values,
                          const std::function<void(const RowReader&)>& each);
   virtual const host::StatementRunner& StatementRunner() const = 0;

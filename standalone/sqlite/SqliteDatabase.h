@@ -33,7 +33,8 @@ namespace standalone {
 // Query results are read whole into a client-side Recordset whose fields
 // take their kind from the column's declared type: DATETIME reads as a
 // date, BIT as a truth value, SMALLINT as a 16-bit integer, INTEGER as a
-// 32-bit integer, BIGINT/FLOAT/MONEY as a double, text as text.
+// 32-bit integer, BIGINT/FLOAT/MONEY as a double, text as text. QueryEach
+// hands each row to its reader as SQLite steps to it, with the same values.
 class SqliteDatabase : public PosEngine {
  public:
   enum class OpenMode {
