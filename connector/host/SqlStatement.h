@@ -31,7 +31,8 @@ struct SqlValue {
 // One statement on one table, built column by column; a DatabaseService runs
 // it (RunInsert, RunUpdate, ...) or a StatementRunner turns it into SQL text.
 // Setting a column or key a second time replaces its value, so that one
-// statement can be refilled row after row.
+// statement can be refilled row after row (AddNewColumn, which does not look,
+// excepted).
 class SqlStatement {
  public:
   using Kind = SqlValue::Kind;

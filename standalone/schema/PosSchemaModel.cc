@@ -9,6 +9,7 @@
 
 #include "connector/host/Text.h"
 #include "standalone/schema/PosSchema.h"
+#include "standalone/sqlite/SqliteLibrary.h"
 
 namespace standalone {
 namespace {
@@ -52,6 +53,7 @@ struct Model {
 };
 
 Model MakeModel() {
+  ConfigureSqlite();
   sqlite3* raw = nullptr;
   sqlite3_open(":memory:", &raw);
   std::unique_ptr<sqlite3, decltype(&sqlite3_close)> db(raw, sqlite3_close);

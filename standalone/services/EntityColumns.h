@@ -51,8 +51,8 @@ class EntityColumns {
     return list;
   }
 
-  // A row's columns into the entity's members: what Read of a recordset
-  // of the query would give.
+  // A row's columns into the entity's members: for a recordset's current
+  // row, what its fields give.
   void Read(const host::RowReader& row, Entity& entity) const {
     const std::vector<int>& positions = PositionsIn(row.Columns());
     for (size_t i = 0; i < columns_.size(); ++i) {
@@ -80,29 +80,8 @@ class EntityColumns {
 
   // The current row's columns into the entity's members.
   void Read(const host::Recordset& row, Entity& entity) const {
-    using host::FieldConverter;
-    const std::vector<int>& positions = PositionsIn(row.Columns());
-    for (size_t i = 0; i < columns_.size(); ++i) {
-      const Column& column = columns_[i];
-      // A missing field raises as a read by name does.
-      const host::Variant& value =
-          positions[i] < 0 ? row.Fields(column.name) : row.Fields(positions[i]);
-      std::visit(
-          [&](auto member) {
-            auto& field = entity.*member;
-            using Field = std::decay_t<decltype(field)>;
-            if constexpr (std::is_same_v<Field, std::string>) {
-              field = FieldConverter::ToText(value);
-            } else if constexpr (std::is_same_v<Field, bool>) {
-              field = FieldConverter::ToBoolean(value);
-            } else if constexpr (std::is_same_v<Field, std::optional<host::Date>>) {
-              field = DateOrNull(value);
-            } else {
-              field = static_cast<Field>(FieldConverter::ToNumber(value));
-            }
-          },
-          column.member);
-    }
+    row.FieldCount();  // a closed recordset raises first, as a read of a field does
+    Read(host::RecordsetRowReader(row), entity);
   }
 
   // Whether two entities hold the same values in every listed member: what
@@ -169,8 +148,8 @@ class EntityColumns {
   }
 
  private:
-  // The position of each column in the row's recordset, found once for the
-  // recordsets of one statement (they share their columns); the last found
+  // The position of each column among a query's columns, found once for
+  // the rows of one statement (they share their columns); the last found
   // is kept, for the thread that asks.
   const std::vector<int>& PositionsIn(
       const std::shared_ptr<const host::RecordsetColumns>& columns) const {
@@ -233,8 +212,7 @@ class EntityColumns {
           } else if constexpr (std::is_same_v<Field, bool>) {
             return host::SqlValue::Boolean(field);
           } else if constexpr (std::is_same_v<Field, std::optional<host::Date>>) {
-            // A date not set is NULL.
-            return field ? host::SqlValue::DateTime(*field) : host::SqlValue::Null();
+            return DateOrNullValue(field);
           } else {
             return host::SqlValue::Number(field);
           }

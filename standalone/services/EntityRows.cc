@@ -76,13 +76,13 @@ bool RowExists(host::DatabaseService& db, std::string_view table, std::string_vi
               ->Eof();
 }
 
+host::SqlValue DateOrNullValue(const std::optional<host::Date>& date) {
+  return date ? host::SqlValue::DateTime(*date) : host::SqlValue::Null();
+}
+
 void SetDate(host::SqlStatement& statement, std::string_view column,
              const std::optional<host::Date>& date) {
-  if (date) {
-    statement.DateTime(column, *date);
-  } else {
-    statement.Null(column);
-  }
+  statement.Set(column, DateOrNullValue(date));
 }
 
 std::optional<host::Date> DateOrNull(const host::Variant& value) {
@@ -179,21 +179,8 @@ bool EntityWriter::Rewrite(host::SqlStatement statement) {
     others.push_back(&column);
   }
   statement.ReserveColumns(statement.Columns().size() + others.size());
-  for (const auto* column : others) {
-    const host::SqlValue& value = *column->second;
-    // Not named, so not among the columns yet.
-    switch (value.kind) {
-      case host::SqlValue::Kind::kText:
-        statement.AddNewColumn(column->first, host::SqlValue::Text(value.text));
-        break;
-      case host::SqlValue::Kind::kNumber:
-        statement.AddNewColumn(column->first, host::SqlValue::Number(value.number));
-        break;
-      default:
-        statement.AddNewColumn(column->first, host::SqlValue::Null());
-        break;
-    }
-  }
+  // Not named, so not among the columns yet.
+  for (const auto* column : others) statement.AddNewColumn(column->first, *column->second);
   Update(std::move(statement));
   return true;
 }

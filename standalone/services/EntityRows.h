@@ -35,6 +35,7 @@ bool RowExists(host::DatabaseService& db, std::string_view table, std::string_vi
                double id);
 
 // A date column that holds NULL when the date is not set.
+host::SqlValue DateOrNullValue(const std::optional<host::Date>& date);
 void SetDate(host::SqlStatement& statement, std::string_view column,
              const std::optional<host::Date>& date);
 std::optional<host::Date> DateOrNull(const host::Variant& value);

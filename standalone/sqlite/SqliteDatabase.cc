@@ -17,6 +17,7 @@
 #include "connector/host/Text.h"
 #include "standalone/sql/SqlDialect.h"
 #include "standalone/sql/SqlTokens.h"
+#include "standalone/sqlite/SqliteLibrary.h"
 #include "standalone/sqlite/SqliteSchema.h"
 
 namespace standalone {
@@ -111,6 +112,14 @@ host::Variant ReadValue(sqlite3_stmt* statement, int column, DeclaredKind kind) 
   }
 }
 
+// The address of each value, in order.
+std::vector<const host::SqlValue*> Addresses(const std::vector<host::SqlValue>& values) {
+  std::vector<const host::SqlValue*> addresses;
+  addresses.reserve(values.size());
+  for (const host::SqlValue& value : values) addresses.push_back(&value);
+  return addresses;
+}
+
 // The current row of a stepped statement. The typed reads take the short
 // way for the forms SQLite stores by the column's declared kind, each giving
 // what the FieldConverter gives for ReadValue's field; any other form goes
@@ -160,7 +169,13 @@ class SqliteRowReader : public host::RowReader {
   }
 
  private:
-  DeclaredKind Kind(int column) const { return static_cast<DeclaredKind>(kinds_[column]); }
+  // Raises for a column out of range, as a recordset's field does.
+  DeclaredKind Kind(int column) const {
+    if (column < 0 || column >= static_cast<int>(kinds_.size())) {
+      host::Raise(host::err::kItemNotFound, "Recordset");
+    }
+    return static_cast<DeclaredKind>(kinds_[column]);
+  }
   // The kinds whose INTEGER and FLOAT values read as numbers.
   static bool IsNumberKind(DeclaredKind kind) {
     return kind == DeclaredKind::kInteger16 || kind == DeclaredKind::kInteger32 ||
@@ -266,11 +281,7 @@ void BindSqlValue(sqlite3_stmt* statement, int index, const host::SqlValue& valu
 std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, OpenMode mode,
                                                      std::string_view what) {
   const std::string name = "the " + std::string(what) + " '" + path + "'";
-  // SQLite's count of its memory takes a global lock at every allocation;
-  // nothing here reads it. Only before SQLite starts: later it is refused,
-  // harmlessly.
-  static const int kNoMemoryCount = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-  (void)kNoMemoryCount;
+  ConfigureSqlite();
   struct stat info;
   bool exists = ::stat(path.c_str(), &info) == 0;
   if (!exists && mode != OpenMode::kCreateIfMissing) {
@@ -304,12 +315,6 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& path, Op
     host::RaiseWith(kCannotConnect, "Cannot open " + name + ": " + message, kSource);
   }
   sqlite3_busy_timeout(db, 5000);
-  // An entity's writes run in a savepoint, and each savepoint copies every
-  // page it is the first to touch into a statement journal. Once that
-  // journal has outgrown 64 KiB SQLite keeps it in a temporary file for the
-  // rest of the transaction, and an import then spent a tenth of its time in
-  // writes to it. In memory it is freed at each savepoint's end.
-  sqlite3_exec(db, "PRAGMA temp_store=MEMORY", nullptr, nullptr, nullptr);
   sqlite3_create_function(db, "lumaro_now", 0, SQLITE_UTF8, nullptr, NowFunction, nullptr, nullptr);
   sqlite3_create_function(db, "lumaro_left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                           LeftFunction, nullptr, nullptr);
@@ -422,18 +427,12 @@ host::RecordsetPtr SqliteDatabase::OpenRecordset(std::string_view sql, int, bool
 
 host::RecordsetPtr SqliteDatabase::Query(std::string_view sql,
                                          const std::vector<host::SqlValue>& values) {
-  std::vector<const host::SqlValue*> bound;
-  bound.reserve(values.size());
-  for (const host::SqlValue& value : values) bound.push_back(&value);
-  return RunBound(sql, bound, true);
+  return RunBound(sql, Addresses(values), true);
 }
 
 void SqliteDatabase::QueryEach(std::string_view sql, const std::vector<host::SqlValue>& values,
                                const std::function<void(const host::RowReader&)>& each) {
-  std::vector<const host::SqlValue*> bound;
-  bound.reserve(values.size());
-  for (const host::SqlValue& value : values) bound.push_back(&value);
-  sqlite3_stmt* statement = Bound(sql, bound, true);
+  sqlite3_stmt* statement = Bound(sql, Addresses(values), true);
   StepAll(statement, sql, true, [&](const ResultColumns& columns) {
     each(SqliteRowReader(statement, columns.names, columns.kinds));
   });
@@ -546,9 +545,12 @@ const SqliteDatabase::ResultColumns& SqliteDatabase::StepAll(sqlite3_stmt* state
   try {
     for (; rc == SQLITE_ROW; rc = sqlite3_step(statement)) on_row(columns);
   } catch (...) {
+    // A row's reader raised: the statement stops there. One that only reads
+    // has changed nothing, and what was known of the tables still holds.
+    const bool reads_only = sqlite3_stmt_readonly(statement) != 0;
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
-    AfterStatement(statement, true, false);
+    AfterStatement(statement, !reads_only, false);
     throw;
   }
   if (rc != SQLITE_DONE) {

@@ -128,8 +128,9 @@ class SqliteDatabase : public PosEngine {
   // Read once for a cached statement (`cached`), afresh for another.
   const ResultColumns& ColumnsOf(sqlite3_stmt* statement, bool cached);
   // Steps the statement to its end, calling `on_row(columns)` at each row,
-  // and leaves it reset; raises with `sql` when SQLite refuses it. The
-  // result's columns (none for a statement that returns no rows).
+  // and leaves it reset; raises with `sql` when SQLite refuses it, and
+  // passes on what `on_row` raises, the statement stopped. The result's
+  // columns (none for a statement that returns no rows).
   template <typename OnRow>
   const ResultColumns& StepAll(sqlite3_stmt* statement, std::string_view sql, bool cached,
                                OnRow&& on_row);

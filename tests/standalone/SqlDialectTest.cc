@@ -119,6 +119,9 @@ TEST_F(SqlDialect, OnePassGivesWhatTranslatingThenParameterizingGives) {
       "DELETE FROM Item FROM Item INNER JOIN Family ON Item.FamilyID = Family.FamilyID "
       "WHERE Family.Name = 'Old'",
       "DELETE i FROM Item i INNER JOIN Family f ON i.FamilyID = f.FamilyID WHERE f.Name = 'Keep'",
+      "DELETE FROM /* the items */ Item -- of old families\n FROM Item INNER JOIN Family ON "
+      "Item.FamilyID = Family.FamilyID WHERE Family.Name = 'Old'",
+      "/* first */ DELETE FROM Item WHERE ItemID = 3",
   };
   for (const std::string& sql : statements) {
     ParameterizedSql one_pass = PrepareForSqlite(sql);

@@ -164,6 +164,25 @@ TEST_F(StoredForms, ARowReadInPlaceGivesWhatItsRecordsetGives) {
     EXPECT_TRUE(expected->Eof());
   }
   EXPECT_EQ(seen.size(), 40u);
+
+  // A reader that raises stops the query; it starts afresh the next time,
+  // and what is known of the tables still holds.
+  db_->BeginTrans();
+  const std::optional<int64_t> counter = db_->ChangeCounter("Forms");
+  const std::string by_id = "SELECT Id FROM Forms WHERE Id > ? ORDER BY Id";
+  EXPECT_EQ(host::RaisedNumber([&] {
+              db_->QueryEach(by_id, {host::SqlValue::Number(0)}, [&](const host::RowReader& row) {
+                if (row.Number(0) == 2) row.Number(9);  // no such column
+              });
+            }),
+            host::err::kItemNotFound);
+  EXPECT_EQ(db_->ChangeCounter("Forms"), counter);
+  std::string ids;
+  db_->QueryEach(by_id, {host::SqlValue::Number(1)}, [&](const host::RowReader& row) {
+    ids += std::to_string(static_cast<int>(row.Number(0)));
+  });
+  EXPECT_EQ(ids, "237");
+  db_->CommitTrans();
 }
 
 // An entity's columns go into a statement each once: added without looking
