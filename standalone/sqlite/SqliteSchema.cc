@@ -29,8 +29,9 @@ std::string Quoted(const std::string& name) { return "[" + name + "]"; }
 }  // namespace
 
 bool SqliteSchema::TableExists(std::string_view table) {
-  std::string sql = "SELECT name FROM sqlite_master WHERE type='table' AND lower(name)=lower('" +
-                    database_.SqlFormat().QuoteText(table) + "')";
+  std::string sql =
+      "SELECT name FROM sqlite_master WHERE type='table' AND lower(name)=lower('" +
+      database_.SqlFormat().QuoteText(table) + "')";
   return database_.OpenRecordset(sql)->RecordCount() > 0;
 }
 
@@ -41,8 +42,8 @@ std::string SqliteSchema::CreateStatements(const host::TableDefinition& table) {
     if (i > 0) sql += ", ";
     sql += Quoted(column.name) + " " + TypeName(column);
     if (column.type == host::TableDefinition::ColumnType::kText && column.length > 0) {
-      sql +=
-          " CHECK (length(" + Quoted(column.name) + ") <= " + std::to_string(column.length) + ")";
+      sql += " CHECK (length(" + Quoted(column.name) + ") <= " + std::to_string(column.length) +
+             ")";
     }
   }
   sql += ");";

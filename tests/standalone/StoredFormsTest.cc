@@ -4,7 +4,6 @@
 #include <string>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "connector/host/FieldConverter.h"
 #include "connector/host/SqlStatement.h"
@@ -128,7 +127,6 @@ TEST_F(StoredForms, ARowReadInPlaceGivesWhatItsRecordsetGives) {
       "INSERT INTO Forms VALUES ('7', 'x', 'no', NULL, 2.0, NULL, -1e300, '2026-01-01');");
   const std::string select = "SELECT * FROM Forms ORDER BY rowid";
   host::RecordsetPtr expected = db_->Query(select, {});
-  std::vector<std::string> seen;
   // The database's own reader, then the default one over a recordset.
   for (bool in_place : {true, false}) {
     expected->MoveFirst();
@@ -152,7 +150,6 @@ TEST_F(StoredForms, ARowReadInPlaceGivesWhatItsRecordsetGives) {
                   Outcome([&] { return host::FieldConverter::ToBoolean(field); }))
             << c << " " << text;
         EXPECT_EQ(row.Value(c), field) << c;
-        if (in_place) seen.push_back(text);
       }
       expected->MoveNext();
     };
@@ -163,7 +160,6 @@ TEST_F(StoredForms, ARowReadInPlaceGivesWhatItsRecordsetGives) {
     }
     EXPECT_TRUE(expected->Eof());
   }
-  EXPECT_EQ(seen.size(), 40u);
 
   // A reader that raises stops the query; it starts afresh the next time,
   // and what is known of the tables still holds.
