@@ -120,7 +120,8 @@ AnsiLineReader::AnsiLineReader(const std::string& path) : path_(path) {
 
 AnsiLineReader::~AnsiLineReader() {
   std::fclose(file_);
-  std::free(buffer_);
+  std::free(buffers_[0]);
+  std::free(buffers_[1]);
 }
 
 bool AnsiLineReader::AtEndOfStream() {
@@ -139,17 +140,19 @@ bool AnsiLineReader::ReadLine(std::string& utf8_line) {
 
 bool AnsiLineReader::ReadRawLine(std::string_view& ansi_line) {
   // getline counts what it read, so a NUL byte is a character like another.
-  ssize_t got = ::getline(&buffer_, &capacity_, file_);
+  char*& buffer = buffers_[next_];
+  ssize_t got = ::getline(&buffer, &capacities_[next_], file_);
   if (got < 0) {
     if (std::ferror(file_) != 0) RaiseForFile(err::kDeviceIoError, path_);
     return false;
   }
+  next_ = 1 - next_;
   size_t length = static_cast<size_t>(got);
-  if (length > 0 && buffer_[length - 1] == '\n') {
+  if (length > 0 && buffer[length - 1] == '\n') {
     --length;
-    if (length > 0 && buffer_[length - 1] == '\r') --length;
+    if (length > 0 && buffer[length - 1] == '\r') --length;
   }
-  ansi_line = std::string_view(buffer_, length);
+  ansi_line = std::string_view(buffer, length);
   return true;
 }
 

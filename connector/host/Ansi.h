@@ -58,15 +58,18 @@ class AnsiLineReader {
   // 57 when the file cannot be read on.
   bool ReadLine(std::string& utf8_line);
   // The next line's bytes as they stand in the file (Windows-1252), without
-  // its line end; valid until the next read. What ReadLine converts: a
+  // its line end; valid until the read after the next one, so that a caller
+  // may keep the line before without copying it. What ReadLine converts: a
   // reader that needs only some lines converts only those.
   bool ReadRawLine(std::string_view& ansi_line);
 
  private:
   std::string path_;
   std::FILE* file_ = nullptr;
-  char* buffer_ = nullptr;  // getline's, grown to the longest line
-  size_t capacity_ = 0;
+  // getline's, each grown to the longest line it held; lines take turns.
+  char* buffers_[2] = {nullptr, nullptr};
+  size_t capacities_[2] = {0, 0};
+  int next_ = 0;  // the buffer of the next line
 };
 
 // Every line of an ANSI text file, as AnsiLineReader reads them.

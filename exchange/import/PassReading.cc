@@ -32,7 +32,7 @@ bool PassReading::Next() {
   while (reader_.ReadRawLine(raw)) {
     ++line_number_;
     if (!HasTag(raw, tag_)) {
-      last_other_line_.assign(raw);
+      last_other_line_ = raw;
       last_line_is_other_ = true;
       continue;
     }

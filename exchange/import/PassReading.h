@@ -43,7 +43,9 @@ class PassReading {
   int32_t total_;
   int32_t count_ = 0;
   std::string line_;
-  std::string last_other_line_;  // as it stands in the file
+  // The last line read, when of another tag: as it stands in the file,
+  // held by the reader until the read after next.
+  std::string_view last_other_line_;
   bool last_line_is_other_ = false;
   int64_t line_number_ = 0;
   int64_t record_line_number_ = 0;

@@ -21,8 +21,11 @@ class KeyIdCache {
   std::optional<Id> Find(std::optional<int64_t> counter, std::string_view key) {
     Follow(counter);
     if (!counter_) return std::nullopt;
+    // The records of one item ask for its key several times in a row.
+    if (last_ != nullptr && last_->first == key) return last_->second;
     auto found = id_of_key_.find(std::string(key));
     if (found == id_of_key_.end()) return std::nullopt;
+    last_ = &*found;
     return found->second;
   }
 
@@ -30,7 +33,7 @@ class KeyIdCache {
     Follow(counter);
     if (!counter_) return;
     if (id != Id{}) key_of_id_[id] = key;
-    id_of_key_[std::move(key)] = std::move(id);
+    last_ = &*id_of_key_.insert_or_assign(std::move(key), std::move(id)).first;
   }
 
   // The caller saved one row of the table, `id`'s, which now has `key`;
@@ -42,6 +45,7 @@ class KeyIdCache {
   void Saved(std::optional<int64_t> before, std::optional<int64_t> after, const Id& id,
              const std::string& key) {
     Follow(before);
+    last_ = nullptr;
     std::optional<Id> known;
     if (auto taken = id_of_key_.find(key); taken != id_of_key_.end()) known = taken->second;
     auto former = key_of_id_.find(id);
@@ -69,6 +73,7 @@ class KeyIdCache {
   }
 
   void Clear() {
+    last_ = nullptr;
     id_of_key_.clear();
     key_of_id_.clear();
   }
@@ -76,6 +81,9 @@ class KeyIdCache {
   std::optional<int64_t> counter_;
   std::unordered_map<std::string, Id> id_of_key_;
   std::unordered_map<Id, std::string> key_of_id_;
+  // The entry last found or put, or none: a rehash moves no entry, and
+  // whatever erases one forgets it first.
+  const std::pair<const std::string, Id>* last_ = nullptr;
 };
 
 }  // namespace standalone

@@ -93,5 +93,22 @@ TEST_F(AnsiFiles, ReaderSplitsOnLfAndCrLf) {
   }
 }
 
+TEST_F(AnsiFiles, ARawLineOutlivesTheNextRead) {
+  std::ofstream(PathOf("in.txt"), std::ios::binary) << "first line\r\nsecond, a longer line\r\nthird";
+  AnsiLineReader reader(PathOf("in.txt"));
+  std::string_view before, line;
+  ASSERT_TRUE(reader.ReadRawLine(before));
+  std::string before_text = "first line";
+  for (const char* next : {"second, a longer line", "third"}) {
+    ASSERT_TRUE(reader.ReadRawLine(line));
+    EXPECT_EQ(line, next);
+    EXPECT_EQ(before, before_text);  // the line before, still as it was read
+    before = line;
+    before_text = next;
+  }
+  EXPECT_FALSE(reader.ReadRawLine(line));
+  EXPECT_EQ(before, "third");  // the last line, kept through the end of the file
+}
+
 }  // namespace
 }  // namespace host
