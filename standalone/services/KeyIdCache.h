@@ -2,10 +2,13 @@
 #define LUMARO_STANDALONE_SERVICES_KEY_ID_CACHE_H_
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+
+#include "standalone/TextHash.h"
 
 namespace standalone {
 
@@ -23,7 +26,7 @@ class KeyIdCache {
     if (!counter_) return std::nullopt;
     // The records of one item ask for its key several times in a row.
     if (last_ != nullptr && last_->first == key) return last_->second;
-    auto found = id_of_key_.find(std::string(key));
+    auto found = id_of_key_.find(key);
     if (found == id_of_key_.end()) return std::nullopt;
     last_ = &*found;
     return found->second;
@@ -79,7 +82,7 @@ class KeyIdCache {
   }
 
   std::optional<int64_t> counter_;
-  std::unordered_map<std::string, Id> id_of_key_;
+  std::unordered_map<std::string, Id, TextHash, std::equal_to<>> id_of_key_;
   std::unordered_map<Id, std::string> key_of_id_;
   // The entry last found or put, or none: a rehash moves no entry, and
   // whatever erases one forgets it first.
